@@ -1,0 +1,66 @@
+// The stand-in data engine's own interface, beside ral.h: what it holds, what happens to it, and which of its
+// calls fail. Safe from several threads.
+#ifndef ZARNEK_DEVKIT_RAL_INSPECT_H
+#define ZARNEK_DEVKIT_RAL_INSPECT_H
+
+#include "common/devkit_hooks.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// A copy of all that the data engine holds at one moment, objects in the order of their first insertion.
+// Objects without an identity come last and are marked incomplete.
+typedef struct ral_snapshot ral_snapshot;
+
+DEVKIT_EXPORT ral_snapshot* ral_snapshot_create(void);
+DEVKIT_EXPORT void ral_snapshot_destroy(ral_snapshot* snapshot); // null does nothing
+DEVKIT_EXPORT unsigned int ral_snapshot_count(const ral_snapshot* snapshot);
+// An SDO object that belongs to the snapshot; null past the end.
+DEVKIT_EXPORT const void* ral_snapshot_object(const ral_snapshot* snapshot, unsigned int index);
+// Index of the object that it was inserted under, -1 at the top.
+DEVKIT_EXPORT int ral_snapshot_parent(const ral_snapshot* snapshot, unsigned int index);
+// Links made with RalLinkObjects in which this object is the upper one, in the order of linking.
+DEVKIT_EXPORT unsigned int ral_snapshot_link_count(const ral_snapshot* snapshot, unsigned int index);
+DEVKIT_EXPORT int ral_snapshot_link(const ral_snapshot* snapshot, unsigned int index, unsigned int link);
+// How often the identity was inserted; 1 for an incomplete object.
+DEVKIT_EXPORT unsigned int ral_snapshot_insertions(const ral_snapshot* snapshot, unsigned int index);
+// Nonzero for an object that came without object type or nexus and has no identity.
+DEVKIT_EXPORT int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index);
+
+typedef enum ral_change {
+    RAL_CHANGE_INSERTED = 0,  // before is null
+    RAL_CHANGE_UPDATED = 1,   // an identity that was there
+    RAL_CHANGE_DELETED = 2,   // after is null
+    RAL_CHANGE_INCOMPLETE = 3 // an object without an identity; before is null
+} ral_change;
+
+// Receives each change with the object's state before and after it, on the calling thread. The objects are
+// borrowed for the call.
+typedef void (*ral_change_sink)(void* context, ral_change change, const void* before, const void* after);
+DEVKIT_EXPORT void ral_set_change_sink(ral_change_sink sink, void* context);
+
+// Receives each notification that RalSendNotification accepted, on the calling thread; borrowed for the call.
+typedef void (*ral_notification_sink)(void* context, const void* object);
+DEVKIT_EXPORT void ral_set_notification_sink(ral_notification_sink sink, void* context);
+
+// Receives one line per call of ral.h: name, objects by identity, result, such as
+// `RalInsertObject(772/9 24600=0 24810=3, under 769/9 24600=0) = 0`. Pointers never show.
+DEVKIT_EXPORT void ral_set_call_sink(devkit_text_sink sink, void* context);
+
+// Planned failures, as morlan_fail_call of morlan_inspect.h. A failed insertion or notification frees what
+// was handed over, as an accepted one does.
+DEVKIT_EXPORT int ral_fail_call(const char* call, unsigned int nth, unsigned int count, int status);
+DEVKIT_EXPORT void ral_clear_faults(void);
+DEVKIT_EXPORT unsigned int ral_call_count(const char* call);
+
+// Lists given out and not yet given back.
+DEVKIT_EXPORT unsigned int ral_live_lists(void);
+// Empties the data engine and takes all sinks, faults and counts back.
+DEVKIT_EXPORT void ral_reset(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
