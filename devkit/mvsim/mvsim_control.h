@@ -24,6 +24,11 @@ DEVKIT_EXPORT int mvsim_load_scenario(const char* file, char* message, size_t si
 // MV_EVT_GetEvent of the adapter looks at the machine again and turns what changed into events.
 DEVKIT_EXPORT int mvsim_load_live(const char* sysfs_root, const char* state_file, char* message, size_t size);
 
+// The sequence number behind which events without a number of their own count on, if it is above the
+// scenario's start value; as a real adapter's numbers go on growing over restarts. 0 takes it back. Applies
+// to events not yet delivered; survives loading.
+DEVKIT_EXPORT void mvsim_set_sequence_base(unsigned int sequence);
+
 // Receives one line per call of an MV_ entry point: name, arguments, the answer's length, status, such as
 // `MV_PD_GetHDInfo_Ext(0, list from 0, 1056) = 0, 8 entries`. Pointers never show.
 DEVKIT_EXPORT void mvsim_set_call_sink(devkit_text_sink sink, void* context);
