@@ -33,6 +33,19 @@ DEVKIT_EXPORT void mvsim_set_sequence_base(unsigned int sequence);
 // `MV_PD_GetHDInfo_Ext(0, list from 0, 1056) = 0, 8 entries`. Pointers never show.
 DEVKIT_EXPORT void mvsim_set_call_sink(devkit_text_sink sink, void* context);
 
+// One event as MV_EVT_GetEvent delivers it.
+typedef struct mvsim_event {
+    unsigned int adapter;
+    unsigned int event_class;
+    unsigned int code;
+    unsigned int device;
+    unsigned int sequence;
+} mvsim_event;
+
+// Receives each event on the polling thread, just before the call that delivers it returns.
+typedef void (*mvsim_event_sink)(void* context, const mvsim_event* event);
+DEVKIT_EXPORT void mvsim_set_event_sink(mvsim_event_sink sink, void* context);
+
 // The number of polls begun: of MV_EVT_GetEvent calls for adapter 0.
 DEVKIT_EXPORT unsigned int mvsim_polls(void);
 // The last poll number at which the scenario's timeline does anything; 0 without a timeline.
