@@ -27,7 +27,8 @@ DEVKIT_EXPORT void morlan_set_call_sink(devkit_text_sink sink, void* context);
 
 // Plans a failure: of the calls of `call` from now on, the nth (from 1) and the count - 1 behind it fail, all
 // of them for a count of 0. A failing call does nothing and returns `status`, or null where it returns a
-// pointer; a DebugPrint, sm_strlen or sm_destroy cannot fail. Returns 0, or 1 for an unknown name or nth 0.
+// pointer; a DebugPrint, sm_strlen or sm_destroy cannot fail. Returns 0, or 1 for nth 0 and for a name that
+// is unknown or cannot fail.
 DEVKIT_EXPORT int morlan_fail_call(const char* call, unsigned int nth, unsigned int count, int status);
 DEVKIT_EXPORT void morlan_clear_faults(void);
 // How often `call` was called since load or the last morlan_reset, failed calls included.
@@ -52,6 +53,11 @@ DEVKIT_EXPORT int morlan_wait_threads(unsigned int milliseconds);
 DEVKIT_EXPORT unsigned int morlan_sdo_property_count(const void* object);
 DEVKIT_EXPORT int morlan_sdo_property_at(const void* object, unsigned int index, unsigned short* id,
                                          unsigned char* type, const void** value, unsigned int* size);
+
+// SMSDOConfigClone and SMSDOConfigFree for the other stand-ins: not counted and never failed by plan, so that
+// a planned failure strikes the plug-in's calls alone.
+DEVKIT_EXPORT void* morlan_sdo_clone(const void* object);
+DEVKIT_EXPORT void morlan_sdo_free(void* object);
 
 // Back to the state after load: sinks, faults, counts, held threads, paths. Objects and threads stay.
 DEVKIT_EXPORT void morlan_reset(void);

@@ -1,0 +1,27 @@
+#include "common/text.h"
+
+namespace devkit
+{
+
+std::string quoted(std::string_view text)
+{
+    static constexpr char kHexDigits[] = "0123456789abcdef";
+    std::string result = "\"";
+    for (const char character : text) {
+        const unsigned int code = static_cast<unsigned char>(character);
+        if (character == '"' || character == '\\')
+            (result += '\\') += character;
+        else if (code < 0x20 || code == 0x7f)
+            ((result += "\\x") += kHexDigits[code >> 4]) += kHexDigits[code & 0xf];
+        else
+            result += character;
+    }
+    return result += '"';
+}
+
+std::string quoted(const char* text)
+{
+    return text == nullptr ? "null" : quoted(std::string_view(text));
+}
+
+} // namespace devkit

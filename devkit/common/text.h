@@ -1,0 +1,19 @@
+// Values as the lines of the call sinks show them.
+#ifndef ZARNEK_DEVKIT_TEXT_H
+#define ZARNEK_DEVKIT_TEXT_H
+
+#include <string>
+#include <string_view>
+
+namespace devkit
+{
+
+// The text in quotation marks, with quotation marks, backslashes and control characters escaped, so that it
+// stays on one line.
+std::string quoted(std::string_view text);
+// The same for a C string; null gives the bare word null.
+std::string quoted(const char* text);
+
+} // namespace devkit
+
+#endif

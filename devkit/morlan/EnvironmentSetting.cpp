@@ -1,0 +1,33 @@
+#include "morlan/EnvironmentSetting.h"
+
+#include <cstdlib>
+
+namespace
+{
+
+std::optional<std::string> copied(const char* text)
+{
+    return text == nullptr ? std::nullopt : std::optional<std::string>(text);
+}
+
+} // namespace
+
+void EnvironmentSetting::set(const char* text)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isSet = true;
+    m_text = copied(text);
+}
+
+void EnvironmentSetting::reset()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isSet = false;
+    m_text.reset();
+}
+
+std::optional<std::string> EnvironmentSetting::get() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_isSet ? m_text : copied(std::getenv(m_variable));
+}

@@ -1,0 +1,117 @@
+#include "morlan/SdoObject.h"
+
+#include <algorithm>
+#include <atomic>
+#include <new>
+
+namespace
+{
+
+constexpr std::uint32_t kMagic = 0x53444f43;
+
+std::atomic<unsigned int> g_live{0};
+
+} // namespace
+
+SdoObject::SdoObject() : m_magic(kMagic)
+{
+    ++g_live;
+}
+
+SdoObject::~SdoObject()
+{
+    for (const Property& property : m_properties)
+        delete property.nested;
+    // The compiler may drop a plain store to an object that is going.
+    *const_cast<volatile std::uint32_t*>(&m_magic) = 0;
+    --g_live;
+}
+
+SdoObject* SdoObject::fromHandle(void* handle)
+{
+    return const_cast<SdoObject*>(fromHandle(static_cast<const void*>(handle)));
+}
+
+const SdoObject* SdoObject::fromHandle(const void* handle)
+{
+    const auto* const object = static_cast<const SdoObject*>(handle);
+    return object != nullptr && object->m_magic == kMagic ? object : nullptr;
+}
+
+SdoObject* SdoObject::cloneOf(const void* handle)
+{
+    const SdoObject* const original = fromHandle(handle);
+    try {
+        return original == nullptr ? nullptr : original->clone().release();
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+bool SdoObject::free(void* handle)
+{
+    SdoObject* const object = fromHandle(handle);
+    if (object == nullptr || object->isNested())
+        return false;
+    delete object;
+    return true;
+}
+
+std::unique_ptr<SdoObject> SdoObject::clone() const
+{
+    auto copy = std::make_unique<SdoObject>();
+    copy->m_properties.reserve(m_properties.size());
+    for (const Property& property : m_properties) {
+        std::unique_ptr<SdoObject> nested;
+        if (property.nested != nullptr) {
+            nested = property.nested->clone();
+            nested->m_owner = copy.get();
+        }
+        copy->m_properties.push_back({property.id, property.type, property.bytes, nested.get()});
+        nested.release();
+    }
+    return copy;
+}
+
+void SdoObject::set(std::uint16_t id, std::uint8_t type, const void* bytes, std::size_t size)
+{
+    const auto* const first = static_cast<const unsigned char*>(bytes);
+    put({id, type, std::vector<unsigned char>(first, first + size), nullptr});
+}
+
+bool SdoObject::setNested(std::uint16_t id, std::uint8_t type, SdoObject* nested)
+{
+    if (nested->isNested())
+        return false;
+    for (const SdoObject* holder = this; holder != nullptr; holder = holder->m_owner)
+        if (holder == nested)
+            return false;
+    put({id, type, {}, nested});
+    nested->m_owner = this;
+    return true;
+}
+
+const SdoObject::Property* SdoObject::find(std::uint16_t id) const
+{
+    const auto found = std::find_if(m_properties.begin(), m_properties.end(),
+                                    [id](const Property& property) { return property.id == id; });
+    return found == m_properties.end() ? nullptr : &*found;
+}
+
+unsigned int SdoObject::live()
+{
+    return g_live;
+}
+
+void SdoObject::put(Property property)
+{
+    const auto found =
+        std::find_if(m_properties.begin(), m_properties.end(),
+                     [&property](const Property& present) { return present.id == property.id; });
+    if (found == m_properties.end()) {
+        m_properties.push_back(std::move(property));
+        return;
+    }
+    delete found->nested;
+    *found = std::move(property);
+}
