@@ -1,0 +1,25 @@
+// Reads the members of a scenario that make up devices, adapters and events into their records. The same
+// readers serve a first description and a later change: what is not given stays as it is. All of them throw
+// FormatError.
+#ifndef ZARNEK_DEVKIT_MVSIM_DEVICEREADER_H
+#define ZARNEK_DEVKIT_MVSIM_DEVICEREADER_H
+
+#include "mvsim/StorageModel.h"
+#include "mvsim/StrictObject.h"
+
+namespace mvsim
+{
+
+// The id is read by the caller, who has to know which device is meant.
+void readDisk(StrictObject& object, Disk& disk);
+void readVirtualDisk(StrictObject& object, VirtualDisk& drive);
+// Without the lists of devices and the rules of calls.
+void readAdapter(StrictObject& object, Adapter& adapter);
+PendingEvent readEvent(StrictObject& object);
+
+// "gone" and "back" of a device.
+void readPresence(StrictObject& object, bool& present);
+
+} // namespace mvsim
+
+#endif

@@ -1,0 +1,40 @@
+#include "mvsim/SourceChoice.h"
+
+#include "mvsim/ScenarioFile.h"
+#include "mvsim/ScenarioSource.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace mvsim
+{
+
+std::unique_ptr<ISource> scenarioSource(const std::string& file)
+{
+    return std::make_unique<ScenarioSource>(loadScenarioFile(file));
+}
+
+std::unique_ptr<ISource> liveSource(const std::string& sysfsRoot, const std::string&)
+{
+    throw std::runtime_error(sysfsRoot + ": /: expected a scenario, found a live machine");
+}
+
+std::unique_ptr<ISource> environmentSource()
+{
+    const char* scenario = std::getenv("MVSIM_SCENARIO");
+    const char* live = std::getenv("MVSIM_LIVE");
+    try {
+        if (scenario != nullptr) {
+            return scenarioSource(scenario);
+        }
+        if (live != nullptr) {
+            return liveSource(live, "");
+        }
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "mvsim: %s\n", error.what());
+    }
+    return nullptr;
+}
+
+} // namespace mvsim
