@@ -1,5 +1,11 @@
 // The stand-in data engine's own interface, beside ral.h: what it holds, what happens to it, and which of its
 // calls fail. Safe from several threads.
+//
+// An object is known by its identity: object type, vendor layer, and the values of the properties that its
+// nexus names. A property that the object lacks counts there as a value of its own, so that two objects
+// lacking it have the same identity. An object that comes again under another parent moves there; deleting
+// one deletes all below it. Calls on objects that are not there give 256, and so does a parent that is the
+// object itself or stands below it.
 #ifndef ZARNEK_DEVKIT_RAL_INSPECT_H
 #define ZARNEK_DEVKIT_RAL_INSPECT_H
 
@@ -35,8 +41,8 @@ typedef enum ral_change {
     RAL_CHANGE_INCOMPLETE = 3 // an object without an identity; before is null
 } ral_change;
 
-// Receives each change with the object's state before and after it, on the calling thread. The objects are
-// borrowed for the call.
+// Receives each change with the object's state before and after it, on the calling thread and in the order of
+// the changes; where a deletion takes several, the lowest comes first. The objects are borrowed for the call.
 typedef void (*ral_change_sink)(void* context, ral_change change, const void* before, const void* after);
 DEVKIT_EXPORT void ral_set_change_sink(ral_change_sink sink, void* context);
 
@@ -44,7 +50,8 @@ DEVKIT_EXPORT void ral_set_change_sink(ral_change_sink sink, void* context);
 typedef void (*ral_notification_sink)(void* context, const void* object);
 DEVKIT_EXPORT void ral_set_notification_sink(ral_notification_sink sink, void* context);
 
-// Receives one line per call of ral.h: name, objects by identity, result, such as
+// Receives one line per call of ral.h, behind what the call sends to the other sinks: name, objects by
+// identity (`incomplete` without one), result, such as
 // `RalInsertObject(772/9 24600=0 24810=3, under 769/9 24600=0) = 0`. Pointers never show.
 DEVKIT_EXPORT void ral_set_call_sink(devkit_text_sink sink, void* context);
 

@@ -1,0 +1,59 @@
+// The data engine behind ral.h: its objects, the lists it has given out, its sinks and its planned failures.
+// Safe from several threads. Calls are done and reported one after the other, so that the sinks hear of them
+// in the order in which they took effect; while a sink runs, the inspection functions stay usable.
+#ifndef ZARNEK_DEVKIT_RAL_H
+#define ZARNEK_DEVKIT_RAL_H
+
+#include "common/FaultPlan.h"
+#include "common/SinkSlot.h"
+#include "ral/ObjectStore.h"
+#include "ral/ral_inspect.h"
+
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+class Ral
+{
+  public:
+    static constexpr int kFailed = 1;
+    // Status for an object that is not there.
+    static constexpr int kUnknown = 256;
+
+    // Never destroyed: threads may still be calling when the process ends.
+    static Ral& instance();
+
+    // The calls of ral.h, each under its own name.
+    int insertObject(void* object, void* parent);
+    int deleteObject(void* object, int arg1, int arg2);
+    int linkObjects(void* upper, void* lower);
+    int listAssociatedObjects(void* object, unsigned int type, void*** list, unsigned int* count);
+    int listFree(void** list, unsigned int count);
+    int sendNotification(void* object);
+
+    std::vector<SnapshotEntry> snapshot() const;
+    unsigned int liveLists() const;
+    // Empties the data engine and takes all sinks, faults and counts back. Lists given out stay valid.
+    void reset();
+
+    devkit::FaultPlan faults;
+    devkit::SinkSlot<ral_change_sink> changeSink;
+    devkit::SinkSlot<ral_notification_sink> notificationSink;
+    devkit::SinkSlot<devkit_text_sink> callSink;
+
+  private:
+    Ral();
+
+    template <typename Compose>
+    void report(Compose compose, int status);
+    void announce(const std::vector<ObjectStore::Change>& changes);
+    int makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, unsigned int* count);
+
+    std::mutex m_calling;         // held over a whole call, sinks included
+    mutable std::mutex m_storing; // guards what follows; never held while a sink runs
+    ObjectStore m_store;
+    std::map<void**, std::vector<void*>> m_lists; // what was given out, with the copies in it
+};
+
+#endif
