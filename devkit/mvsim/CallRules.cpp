@@ -19,31 +19,31 @@ std::size_t indexOf(EntryPoint entry)
 
 void CallRules::setFault(EntryPoint entry, const Fault& fault)
 {
-    faults_[indexOf(entry)] = fault;
+    m_faults[indexOf(entry)] = fault;
 }
 
 void CallRules::setAnswer(EntryPoint entry, const AnswerLength& length)
 {
-    answers_[indexOf(entry)] = length;
+    m_answers[indexOf(entry)] = length;
 }
 
 void CallRules::merge(const CallRules& later, unsigned int poll)
 {
-    for (std::size_t i = 0; i < faults_.size(); ++i) {
-        if (later.faults_[i]) {
-            faults_[i] = later.faults_[i];
-            faults_[i]->callsSeen = 0;
-            faults_[i]->endsAtPoll = faults_[i]->polls != 0 ? poll + faults_[i]->polls : 0;
+    for (std::size_t i = 0; i < m_faults.size(); ++i) {
+        if (later.m_faults[i]) {
+            m_faults[i] = later.m_faults[i];
+            m_faults[i]->callsSeen = 0;
+            m_faults[i]->endsAtPoll = m_faults[i]->polls != 0 ? poll + m_faults[i]->polls : 0;
         }
-        if (later.answers_[i]) {
-            answers_[i] = later.answers_[i];
+        if (later.m_answers[i]) {
+            m_answers[i] = later.m_answers[i];
         }
     }
 }
 
 void CallRules::dropEnded(unsigned int poll)
 {
-    for (auto& fault : faults_) {
+    for (auto& fault : m_faults) {
         if (fault && fault->endsAtPoll != 0 && fault->endsAtPoll <= poll) {
             fault.reset();
         }
@@ -53,7 +53,7 @@ void CallRules::dropEnded(unsigned int poll)
 unsigned int CallRules::lastEnd(unsigned int poll) const
 {
     unsigned int last = 0;
-    for (const auto& fault : faults_) {
+    for (const auto& fault : m_faults) {
         if (fault && fault->polls != 0) {
             last = std::max(last, poll + fault->polls);
         }
@@ -63,7 +63,7 @@ unsigned int CallRules::lastEnd(unsigned int poll) const
 
 Verdict CallRules::judge(EntryPoint entry)
 {
-    auto& fault = faults_[indexOf(entry)];
+    auto& fault = m_faults[indexOf(entry)];
     if (!fault) {
         return {};
     }
@@ -76,7 +76,7 @@ Verdict CallRules::judge(EntryPoint entry)
 
 AnswerLength CallRules::answer(EntryPoint entry) const
 {
-    return answers_[indexOf(entry)].value_or(AnswerLength{});
+    return m_answers[indexOf(entry)].value_or(AnswerLength{});
 }
 
 } // namespace mvsim

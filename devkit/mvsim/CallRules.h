@@ -50,8 +50,8 @@ class CallRules
     AnswerLength answer(EntryPoint entry) const;
 
   private:
-    std::array<std::optional<Fault>, kEntryPointNames.size()> faults_;
-    std::array<std::optional<AnswerLength>, kEntryPointNames.size()> answers_;
+    std::array<std::optional<Fault>, kEntryPointNames.size()> m_faults;
+    std::array<std::optional<AnswerLength>, kEntryPointNames.size()> m_answers;
 };
 
 } // namespace mvsim

@@ -1,13 +1,10 @@
 #include "mvsim/ScenarioFile.h"
 
+#include "common/files.h"
 #include "mvsim/ScenarioReader.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <functional>
-#include <memory>
 #include <set>
 
 namespace mvsim
@@ -18,20 +15,15 @@ namespace
 
 std::string readWhole(const std::string& file)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"),
-                                                                 &std::fclose);
     std::string text;
-    if (stream) {
-        char buffer[8192];
-        std::size_t got = 0;
-        while ((got = std::fread(buffer, 1, sizeof buffer, stream.get())) != 0) {
-            text.append(buffer, got);
-        }
+    switch (devkit::readFile(file, text)) {
+    case devkit::FileRead::DONE:
+        return text;
+    case devkit::FileRead::MISSING:
+        throw FormatError("", "a scenario file", "no file of that name");
+    default:
+        throw FormatError("", "a scenario file", "something that cannot be read");
     }
-    if (!stream || std::ferror(stream.get()) != 0) {
-        throw FormatError("", "a readable file", std::string(std::strerror(errno)));
-    }
-    return text;
 }
 
 // Watches the parser for keys that stand twice in one object, of which a JSON value keeps only one.
@@ -45,15 +37,15 @@ class DuplicateFinder
         case Event::object_start:
         case Event::array_start:
             nextElement();
-            levels_.push_back({event == Event::array_start, 0, {}, {}});
+            m_levels.push_back({event == Event::array_start, 0, {}, {}});
             break;
         case Event::object_end:
         case Event::array_end:
-            levels_.pop_back();
+            m_levels.pop_back();
             break;
         case Event::key:
-            levels_.back().key = parsed.get<std::string>();
-            if (!levels_.back().keys.insert(levels_.back().key).second) {
+            m_levels.back().key = parsed.get<std::string>();
+            if (!m_levels.back().keys.insert(m_levels.back().key).second) {
                 throw FormatError(place(), "each key once", "it twice");
             }
             break;
@@ -68,7 +60,7 @@ class DuplicateFinder
     std::string place() const
     {
         std::string text;
-        for (const Level& level : levels_) {
+        for (const Level& level : m_levels) {
             text = level.inList ? placeBelow(text, level.next - 1) : placeBelow(text, level.key);
         }
         return text;
@@ -84,11 +76,11 @@ class DuplicateFinder
 
     void nextElement()
     {
-        if (!levels_.empty() && levels_.back().inList) {
-            ++levels_.back().next;
+        if (!m_levels.empty() && m_levels.back().inList) {
+            ++m_levels.back().next;
         }
     }
-    std::vector<Level> levels_;
+    std::vector<Level> m_levels;
 };
 
 std::string lineAndColumn(const std::string& text, std::size_t byte)
@@ -112,7 +104,7 @@ Json parseStrictly(const std::string& text)
         throw FormatError(lineAndColumn(text, error.byte), "valid JSON",
                           start == std::string::npos ? reason : reason.substr(start + 2));
     } catch (const Json::out_of_range&) {
-        throw FormatError(finder.place(), "a number that 64 bits can hold", std::string("a larger one"));
+        throw FormatError(finder.place(), "a number that 64 bits can hold", "a larger one");
     }
 }
 

@@ -13,12 +13,12 @@ constexpr unsigned int kFirstPoll = 1; // rules that stand from the start run fr
 
 } // namespace
 
-ScenarioSource::ScenarioSource(Scenario scenario) : scenario_(std::move(scenario)) {}
+ScenarioSource::ScenarioSource(Scenario scenario) : m_scenario(std::move(scenario)) {}
 
 std::vector<PlayedAdapter> ScenarioSource::adapters()
 {
     std::vector<PlayedAdapter> played;
-    for (const ScenarioAdapter& adapter : scenario_.adapters) {
+    for (const ScenarioAdapter& adapter : m_scenario.adapters) {
         PlayedAdapter start;
         start.model = adapter.model;
         start.rules.merge(adapter.rules, kFirstPoll);
@@ -29,7 +29,7 @@ std::vector<PlayedAdapter> ScenarioSource::adapters()
 
 void ScenarioSource::beginPoll(unsigned int index, PlayedAdapter& adapter)
 {
-    for (const TimelineStep& step : scenario_.timeline) {
+    for (const TimelineStep& step : m_scenario.timeline) {
         if (step.adapter == index && step.poll == adapter.polls) {
             adapter.model = step.model;
             adapter.rules.merge(step.rules, step.poll);
@@ -41,12 +41,12 @@ void ScenarioSource::beginPoll(unsigned int index, PlayedAdapter& adapter)
 unsigned int ScenarioSource::lastPoll() const
 {
     unsigned int last = 0;
-    if (!scenario_.timeline.empty()) {
-        for (const ScenarioAdapter& adapter : scenario_.adapters) {
+    if (!m_scenario.timeline.empty()) {
+        for (const ScenarioAdapter& adapter : m_scenario.adapters) {
             last = std::max(last, adapter.rules.lastEnd(kFirstPoll));
         }
     }
-    for (const TimelineStep& step : scenario_.timeline) {
+    for (const TimelineStep& step : m_scenario.timeline) {
         last = std::max({last, step.poll, step.rules.lastEnd(step.poll)});
     }
     return last;

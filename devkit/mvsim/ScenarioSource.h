@@ -14,14 +14,14 @@ class ScenarioSource : public ISource
     explicit ScenarioSource(Scenario scenario);
 
     std::vector<PlayedAdapter> adapters() override;
-    CallRules libraryRules() const override { return scenario_.libraryRules; }
+    CallRules libraryRules() const override { return m_scenario.libraryRules; }
     void beginPoll(unsigned int index, PlayedAdapter& adapter) override;
     unsigned int lastPoll() const override;
-    std::uint32_t startSequence() const override { return scenario_.sequence; }
+    std::uint32_t startSequence() const override { return m_scenario.sequence; }
     void keepSequence(std::uint32_t) override {} // each run of a scenario counts anew
 
   private:
-    Scenario scenario_;
+    Scenario m_scenario;
 };
 
 } // namespace mvsim

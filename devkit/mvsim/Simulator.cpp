@@ -97,60 +97,60 @@ std::uint8_t countPresent(const std::vector<Device>& devices)
 
 } // namespace
 
-Simulator::Simulator(SourceMaker fallback) : fallback_(std::move(fallback)) {}
+Simulator::Simulator(SourceMaker fallback) : m_fallback(std::move(fallback)) {}
 
 void Simulator::choose(std::unique_ptr<ISource> source)
 {
-    chosen_ = true;
-    adapters_ = source ? source->adapters() : std::vector<PlayedAdapter>{};
-    libraryRules_ = source ? source->libraryRules() : CallRules{};
-    lastSequence_ = source ? source->startSequence() : 0;
-    source_ = std::move(source);
+    m_chosen = true;
+    m_adapters = source ? source->adapters() : std::vector<PlayedAdapter>{};
+    m_libraryRules = source ? source->libraryRules() : CallRules{};
+    m_lastSequence = source ? source->startSequence() : 0;
+    m_source = std::move(source);
 }
 
 void Simulator::ensureSource()
 {
-    if (!chosen_) {
-        chosen_ = true; // also when the fallback throws: it is asked once
-        choose(fallback_());
+    if (!m_chosen) {
+        m_chosen = true; // also when the fallback throws: it is asked once
+        choose(m_fallback());
     }
 }
 
 void Simulator::play(std::unique_ptr<ISource> source)
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     choose(std::move(source));
 }
 
 void Simulator::setSequenceBase(std::uint32_t sequence)
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    sequenceBase_ = sequence;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_sequenceBase = sequence;
 }
 
 unsigned int Simulator::polls()
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    return adapters_.empty() ? 0 : adapters_.front().polls;
+    return m_adapters.empty() ? 0 : m_adapters.front().polls;
 }
 
 unsigned int Simulator::lastPoll()
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    return source_ ? source_->lastPoll() : 0;
+    return m_source ? m_source->lastPoll() : 0;
 }
 
 template <class Fill>
 unsigned int Simulator::answer(EntryPoint entry, unsigned int adapter, Fill fill)
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    if (adapter >= adapters_.size()) {
+    if (adapter >= m_adapters.size()) {
         return MV_ERR_INVALID_ADAPTER_ID;
     }
-    PlayedAdapter& played = adapters_[adapter];
+    PlayedAdapter& played = m_adapters[adapter];
     const Verdict verdict = played.rules.judge(entry);
     if (!verdict.fills) {
         return verdict.result;
@@ -161,17 +161,17 @@ unsigned int Simulator::answer(EntryPoint entry, unsigned int adapter, Fill fill
 
 unsigned int Simulator::libraryCall(EntryPoint entry)
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    return libraryRules_.judge(entry).result;
+    return m_libraryRules.judge(entry).result;
 }
 
 unsigned int Simulator::adapterCount()
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    const auto real = static_cast<unsigned int>(adapters_.size());
-    return libraryRules_.answer(EntryPoint::MV_Adapter_GetCount).count.value_or(real);
+    const auto real = static_cast<unsigned int>(m_adapters.size());
+    return m_libraryRules.answer(EntryPoint::MV_Adapter_GetCount).count.value_or(real);
 }
 
 unsigned int Simulator::adapterInfo(unsigned int adapter, _Adapter_Info* info)
@@ -281,18 +281,18 @@ unsigned int Simulator::freeSpace(unsigned int adapter, _HD_FreeSpaceInfo_Reques
 unsigned int Simulator::events(unsigned int adapter, unsigned int maximum, unsigned int* count,
                                _Event* events, std::vector<_Event>& delivered)
 {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    if (adapter >= adapters_.size()) {
+    if (adapter >= m_adapters.size()) {
         return MV_ERR_INVALID_ADAPTER_ID;
     }
     if (count == nullptr || events == nullptr) {
         return MV_ERR_FAIL;
     }
-    PlayedAdapter& played = adapters_[adapter];
+    PlayedAdapter& played = m_adapters[adapter];
     ++played.polls;
     played.rules.dropEnded(played.polls);
-    source_->beginPoll(adapter, played);
+    m_source->beginPoll(adapter, played);
 
     const Verdict verdict = played.rules.judge(EntryPoint::MV_EVT_GetEvent);
     if (!verdict.fills) {
@@ -318,15 +318,15 @@ unsigned int Simulator::events(unsigned int adapter, unsigned int maximum, unsig
 
 void Simulator::numberEvents(std::vector<_Event>& events, const std::vector<bool>& numbered)
 {
-    const std::uint32_t before = lastSequence_;
+    const std::uint32_t before = m_lastSequence;
     for (std::size_t i = 0; i < events.size(); ++i) {
         if (!numbered[i]) {
-            lastSequence_ = std::max(lastSequence_, sequenceBase_) + 1;
-            events[i].EventSequence = lastSequence_;
+            m_lastSequence = std::max(m_lastSequence, m_sequenceBase) + 1;
+            events[i].EventSequence = m_lastSequence;
         }
     }
-    if (lastSequence_ != before) {
-        source_->keepSequence(lastSequence_);
+    if (m_lastSequence != before) {
+        m_source->keepSequence(m_lastSequence);
     }
 }
 

@@ -60,14 +60,14 @@ class Simulator
     unsigned int oneDisk(EntryPoint entry, unsigned int adapter, Request* request, Answer answerOf);
     void numberEvents(std::vector<_Event>& events, const std::vector<bool>& numbered);
 
-    std::mutex mutex_;
-    SourceMaker fallback_;
-    bool chosen_ = false;
-    std::unique_ptr<ISource> source_;
-    std::vector<PlayedAdapter> adapters_;
-    CallRules libraryRules_;
-    std::uint32_t sequenceBase_ = 0;
-    std::uint32_t lastSequence_ = 0; // given out
+    std::mutex m_mutex;
+    SourceMaker m_fallback;
+    bool m_chosen = false;
+    std::unique_ptr<ISource> m_source;
+    std::vector<PlayedAdapter> m_adapters;
+    CallRules m_libraryRules;
+    std::uint32_t m_sequenceBase = 0;
+    std::uint32_t m_lastSequence = 0; // given out
 };
 
 } // namespace mvsim

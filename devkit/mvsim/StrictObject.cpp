@@ -1,5 +1,7 @@
 #include "mvsim/StrictObject.h"
 
+#include "common/text.h"
+
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -13,11 +15,6 @@ namespace
 constexpr std::size_t kLongestFound = 60;
 const std::string kHexPrefix = "hex:";
 
-std::string quoted(const std::string& text)
-{
-    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 std::string range(std::uint64_t least, std::uint64_t most)
 {
     return std::to_string(least) + " to " + std::to_string(most);
@@ -27,7 +24,7 @@ std::string wordList(Words words)
 {
     std::string text;
     for (const Word& word : words) {
-        text += (text.empty() ? "" : ", ") + quoted(word.text);
+        text += (text.empty() ? "" : ", ") + devkit::quoted(word.text);
     }
     return text;
 }
@@ -160,25 +157,25 @@ std::string hexBytes(const std::string& digits, const std::string& place, const 
     return bytes;
 }
 
-StrictObject::StrictObject(const Json& value, std::string place) : value_(&value), place_(std::move(place))
+StrictObject::StrictObject(const Json& value, std::string place) : m_value(&value), m_place(std::move(place))
 {
     if (!value.is_object()) {
-        throw FormatError(place_, "an object", describe(value));
+        throw FormatError(m_place, "an object", describe(value));
     }
 }
 
 std::string StrictObject::place(const char* key) const
 {
-    return placeBelow(place_, key);
+    return placeBelow(m_place, key);
 }
 
 const Json* StrictObject::find(const char* key)
 {
-    if (std::find(known_.begin(), known_.end(), key) == known_.end()) {
-        known_.emplace_back(key);
+    if (std::find(m_known.begin(), m_known.end(), key) == m_known.end()) {
+        m_known.emplace_back(key);
     }
-    const auto member = value_->find(key);
-    return member == value_->end() ? nullptr : &*member;
+    const auto member = m_value->find(key);
+    return member == m_value->end() ? nullptr : &*member;
 }
 
 std::optional<std::uint64_t> StrictObject::wholeNumber(const char* key, std::uint64_t least,
@@ -275,7 +272,9 @@ std::optional<std::uint64_t> StrictObject::kilobytes(const std::string& prefix)
     const Json* human = find(prefix.c_str());
     const int given = (result ? 1 : 0) + (exact ? 1 : 0) + (human != nullptr ? 1 : 0);
     if (given > 1) {
-        throw FormatError(place_, "one of " + quoted(inKB) + ", " + quoted(inBytes) + ", " + quoted(prefix),
+        throw FormatError(m_place,
+                          "one of " + devkit::quoted(inKB) + ", " + devkit::quoted(inBytes) + ", " +
+                              devkit::quoted(prefix),
                           std::to_string(given) + " of them");
     }
     if (exact) {
@@ -306,14 +305,14 @@ const Json& StrictObject::list(const char* key)
 
 void StrictObject::finish() const
 {
-    for (const auto& member : value_->items()) {
-        if (std::find(known_.begin(), known_.end(), member.key()) == known_.end()) {
+    for (const auto& member : m_value->items()) {
+        if (std::find(m_known.begin(), m_known.end(), member.key()) == m_known.end()) {
             std::string keys;
-            for (const std::string& key : known_) {
+            for (const std::string& key : m_known) {
                 keys += (keys.empty() ? "" : ", ") + key;
             }
-            throw FormatError(placeBelow(place_, member.key()), "one of the keys " + keys,
-                              quoted(member.key()));
+            throw FormatError(placeBelow(m_place, member.key()), "one of the keys " + keys,
+                              devkit::quoted(member.key()));
         }
     }
 }

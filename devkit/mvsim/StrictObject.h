@@ -33,15 +33,15 @@ class Words
 {
   public:
     template <std::size_t N>
-    constexpr Words(const Word (&words)[N]) : first_(words), last_(words + N)
+    constexpr Words(const Word (&words)[N]) : m_first(words), m_last(words + N)
     {
     }
-    const Word* begin() const { return first_; }
-    const Word* end() const { return last_; }
+    const Word* begin() const { return m_first; }
+    const Word* end() const { return m_last; }
 
   private:
-    const Word* first_;
-    const Word* last_;
+    const Word* m_first;
+    const Word* m_last;
 };
 
 class StrictObject
@@ -50,9 +50,9 @@ class StrictObject
     // `value` has to outlive the object. `place` is its JSON pointer, empty for the whole document.
     StrictObject(const Json& value, std::string place);
 
-    const std::string& place() const { return place_; }
+    const std::string& place() const { return m_place; }
     std::string place(const char* key) const;
-    bool has(const char* key) const { return value_->contains(key); }
+    bool has(const char* key) const { return m_value->contains(key); }
 
     // Each of these names a key that may stand there; the result is empty, or null, when it does not.
     const Json* find(const char* key);
@@ -101,9 +101,9 @@ class StrictObject
     std::optional<std::uint64_t> wholeNumber(const char* key, std::uint64_t least, std::uint64_t most);
     std::optional<std::uint64_t> wordNumber(const char* key, Words words, std::uint64_t most, bool joins);
 
-    const Json* value_;
-    std::string place_;
-    std::vector<std::string> known_;
+    const Json* m_value;
+    std::string m_place;
+    std::vector<std::string> m_known;
 };
 
 // The place of a member or an element below another place.

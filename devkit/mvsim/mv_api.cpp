@@ -22,11 +22,13 @@ unsigned int call(EntryPoint entry, Run run, Arguments arguments, Remark remark)
 {
     unsigned int result = MV_ERR_FAIL;
     try {
-        result = run(Library::instance().simulator());
-        Library::instance().reportCall([&] {
-            return std::string(nameOf(entry)) + "(" + arguments() + ") = " + std::to_string(result) +
-                   remark(result);
-        });
+        result = run(Library::instance().simulator);
+        auto& sink = Library::instance().callSink;
+        if (sink.isSet()) {
+            const std::string line = std::string(nameOf(entry)) + "(" + arguments() +
+                                     ") = " + std::to_string(result) + remark(result);
+            sink.call(line.c_str());
+        }
     } catch (...) {
         // A caller in C could not take more than the status; only a lack of memory can lead here.
         return MV_ERR_FAIL;
@@ -200,7 +202,11 @@ unsigned int MV_EVT_GetEvent(unsigned char adapter, unsigned int maximum, unsign
         [=](Simulator& simulator) {
             std::vector<_Event> delivered;
             const unsigned int result = simulator.events(adapter, maximum, count, events, delivered);
-            Library::instance().reportEvents(adapter, delivered);
+            for (const _Event& event : delivered) {
+                const mvsim_event seen{adapter, event.EventClass, event.EventCode, event.EventDeviceId,
+                                       event.EventSequence};
+                Library::instance().eventSink.call(&seen);
+            }
             return result;
         },
         [=] { return std::to_string(adapter) + ", at most " + std::to_string(maximum); },

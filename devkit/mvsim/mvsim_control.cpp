@@ -24,7 +24,7 @@ template <class Make>
 int play(Make make, char* message, std::size_t size)
 {
     try {
-        Library::instance().simulator().play(make());
+        Library::instance().simulator.play(make());
         putMessage("", message, size);
         return 0;
     } catch (const std::exception& error) {
@@ -54,34 +54,34 @@ int mvsim_load_live(const char* sysfs_root, const char* state_file, char* messag
 
 void mvsim_set_sequence_base(unsigned int sequence)
 {
-    Library::instance().simulator().setSequenceBase(sequence);
+    Library::instance().simulator.setSequenceBase(sequence);
 }
 
 void mvsim_set_call_sink(devkit_text_sink sink, void* context)
 {
-    Library::instance().setCallSink(sink, context);
+    Library::instance().callSink.set(sink, context);
 }
 
 void mvsim_set_event_sink(mvsim_event_sink sink, void* context)
 {
-    Library::instance().setEventSink(sink, context);
+    Library::instance().eventSink.set(sink, context);
 }
 
 unsigned int mvsim_polls(void)
 {
-    return Library::instance().simulator().polls();
+    return Library::instance().simulator.polls();
 }
 
 unsigned int mvsim_last_poll(void)
 {
-    return Library::instance().simulator().lastPoll();
+    return Library::instance().simulator.lastPoll();
 }
 
 void mvsim_reset(void)
 {
     Library& library = Library::instance();
-    library.setCallSink(nullptr, nullptr);
-    library.setEventSink(nullptr, nullptr);
-    library.simulator().setSequenceBase(0);
-    library.simulator().play(nullptr);
+    library.callSink.set(nullptr, nullptr);
+    library.eventSink.set(nullptr, nullptr);
+    library.simulator.setSequenceBase(0);
+    library.simulator.play(nullptr);
 }

@@ -1,4 +1,4 @@
-#include "morlan/files.h"
+#include "common/files.h"
 
 #include <atomic>
 #include <cerrno>
@@ -8,6 +8,9 @@
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace devkit
+{
 
 namespace
 {
@@ -126,3 +129,5 @@ bool replaceFile(const std::string& path, const std::string& content)
     fsync(folder.number());
     return true;
 }
+
+} // namespace devkit

@@ -4,6 +4,9 @@
 
 #include <string>
 
+namespace devkit
+{
+
 enum class FileRead { DONE, MISSING, FAILED };
 
 // Reads a regular file; anything else but a missing one has failed.
@@ -13,5 +16,7 @@ FileRead readFile(const std::string& path, std::string& content);
 // there. An existing file keeps its mode, and its owner where this process may give it; behind a symbolic
 // link, its target is replaced. False: nothing has changed, and no trace is left.
 bool replaceFile(const std::string& path, const std::string& content);
+
+} // namespace devkit
 
 #endif
