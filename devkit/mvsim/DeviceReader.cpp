@@ -16,13 +16,11 @@ constexpr Word kEventClassWords[] = {{"controller", MV_EVENT_CONTROLLER},
                                      {"virtualDisk", MV_EVENT_VIRTUAL_DISK},
                                      {"physicalDisk", MV_EVENT_PHYSICAL_DISK}};
 
-// The text fills its field from the left, zeros the rest; a text of the full width has no terminator.
 template <std::size_t N>
 void readText(StrictObject& object, const char* key, char (&field)[N])
 {
     if (const auto text = object.bytes(key, N)) {
-        std::memset(field, 0, N);
-        std::memcpy(field, text->data(), text->size());
+        putText(field, *text);
     }
 }
 

@@ -1,11 +1,12 @@
 #include "mvsim/SourceChoice.h"
 
+#include "mvsim/LiveSource.h"
 #include "mvsim/ScenarioFile.h"
 #include "mvsim/ScenarioSource.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <stdexcept>
+#include <exception>
 
 namespace mvsim
 {
@@ -15,9 +16,9 @@ std::unique_ptr<ISource> scenarioSource(const std::string& file)
     return std::make_unique<ScenarioSource>(loadScenarioFile(file));
 }
 
-std::unique_ptr<ISource> liveSource(const std::string& sysfsRoot, const std::string&)
+std::unique_ptr<ISource> liveSource(const std::string& sysfsRoot, const std::string& stateFile)
 {
-    throw std::runtime_error(sysfsRoot + ": /: expected a scenario, found a live machine");
+    return std::make_unique<LiveSource>(sysfsRoot, stateFile);
 }
 
 std::unique_ptr<ISource> environmentSource()

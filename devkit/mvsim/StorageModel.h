@@ -5,6 +5,9 @@
 
 #include "mv.h"
 
+#include <algorithm>
+#include <cstring>
+#include <string>
 #include <vector>
 
 namespace mvsim
@@ -35,6 +38,15 @@ struct Adapter {
     std::vector<Disk> disks;
     std::vector<VirtualDisk> virtualDisks;
 };
+
+// A text fills its field from the left and zeros the rest; one of the field's width has no terminator, and
+// what is longer is cut.
+template <std::size_t N>
+void putText(char (&field)[N], const std::string& text)
+{
+    std::memset(field, 0, N);
+    std::memcpy(field, text.data(), std::min(N, text.size()));
+}
 
 struct PendingEvent {
     _Event record{};
