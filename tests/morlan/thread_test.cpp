@@ -1,0 +1,209 @@
+// Threads: starting, holding, stopping.
+#include "morlan/morlan_inspect.h"
+
+#include <morlan.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <map>
+#include <thread>
+#include <vector>
+
+#include <unistd.h>
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+// What an event thread does: it sleeps until it is told to end.
+struct Sleeper {
+    std::atomic<bool> begun{false};
+    std::atomic<bool> leave{false};
+    std::atomic<bool> ended{false};
+
+    static void run(void* argument)
+    {
+        auto* const self = static_cast<Sleeper*>(argument);
+        self->begun = true;
+        do
+            sleep(50);
+        while (!self->leave);
+        self->ended = true;
+    }
+
+    void waitUntilBegun() const
+    {
+        while (!begun)
+            std::this_thread::yield();
+    }
+
+    // Stops the thread as the plug-in does; fails the test if that takes long or the thread still runs after
+    // it.
+    void stop(void* thread)
+    {
+        const Clock::time_point start = Clock::now();
+        leave = true;
+        EXPECT_EQ(SMThreadStop(thread), 0);
+        EXPECT_TRUE(ended);
+        EXPECT_LT(Clock::now() - start, std::chrono::seconds(1));
+    }
+};
+
+class Threads : public testing::Test
+{
+  protected:
+    void TearDown() override
+    {
+        morlan_reset();
+        EXPECT_EQ(morlan_wait_threads(1000), 0);
+    }
+};
+
+TEST_F(Threads, AStopWakesASleepingThread)
+{
+    Sleeper sleeper;
+    void* const thread = SMThreadStart(Sleeper::run, &sleeper);
+    ASSERT_NE(thread, nullptr);
+    sleeper.waitUntilBegun();
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_FALSE(sleeper.ended);
+    EXPECT_EQ(morlan_running_threads(), 1U);
+    EXPECT_EQ(morlan_wait_threads(10), 1);
+
+    sleeper.stop(thread);
+    EXPECT_EQ(morlan_running_threads(), 0U);
+    EXPECT_EQ(morlan_wait_threads(0), 0);
+    for (int again = 0; again < 3; ++again)
+        EXPECT_EQ(SMThreadStop(thread), 0);
+}
+
+TEST_F(Threads, AStopMayComeAtAnyMomentBeforeTheSleep)
+{
+    for (int round = 0; round < 100; ++round) {
+        Sleeper sleeper;
+        void* const thread = SMThreadStart(Sleeper::run, &sleeper);
+        if (round % 2 == 0)
+            sleeper.waitUntilBegun();
+        sleeper.stop(thread);
+    }
+}
+
+TEST_F(Threads, SeveralMayStopOneThread)
+{
+    Sleeper sleeper;
+    void* const thread = SMThreadStart(Sleeper::run, &sleeper);
+    std::vector<std::thread> stoppers;
+    for (int i = 0; i < 4; ++i)
+        stoppers.emplace_back([&] { sleeper.stop(thread); });
+    for (std::thread& stopper : stoppers)
+        stopper.join();
+}
+
+TEST_F(Threads, HeldThreadsWaitUntilLetGoOrStopped)
+{
+    morlan_hold_threads(1);
+    Sleeper first;
+    Sleeper second;
+    void* const firstThread = SMThreadStart(Sleeper::run, &first);
+    void* const secondThread = SMThreadStart(Sleeper::run, &second);
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    EXPECT_FALSE(first.begun || second.begun);
+    EXPECT_EQ(morlan_running_threads(), 2U);
+
+    first.stop(firstThread);
+    EXPECT_FALSE(second.begun);
+    morlan_hold_threads(0);
+    second.waitUntilBegun();
+    second.stop(secondThread);
+}
+
+TEST_F(Threads, ImpossibleStopsAreRefused)
+{
+    int unrelated = 0;
+    EXPECT_NE(SMThreadStop(nullptr), 0);
+    EXPECT_NE(SMThreadStop(&unrelated), 0);
+    EXPECT_EQ(SMThreadStart(nullptr, nullptr), nullptr);
+
+    struct Self {
+        void* thread = nullptr;
+        int status = 0;
+    } self;
+    morlan_hold_threads(1);
+    self.thread = SMThreadStart(
+        [](void* argument) {
+            auto* const own = static_cast<Self*>(argument);
+            own->status = SMThreadStop(own->thread);
+        },
+        &self);
+    EXPECT_EQ(SMThreadStop(self.thread), 0);
+    EXPECT_NE(self.status, 0);
+}
+
+TEST_F(Threads, AnExceptionThatLeavesAThreadEndsTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            SMThreadStart([](void*) { throw 1; }, nullptr);
+            morlan_wait_threads(5000);
+        },
+        testing::KilledBySignal(SIGABRT), "");
+}
+
+std::map<int, struct sigaction> realTimeActions()
+{
+    std::map<int, struct sigaction> actions;
+    for (int number = SIGRTMIN; number <= SIGRTMAX; ++number)
+        sigaction(number, nullptr, &actions[number]);
+    return actions;
+}
+
+TEST_F(Threads, TheHostsSignalsAreLeftAlone)
+{
+    static std::atomic<int> hostSignals;
+    hostSignals = 0;
+    struct sigaction hosts = {};
+    hosts.sa_handler = [](int) { ++hostSignals; };
+    sigaction(SIGRTMAX, &hosts, nullptr);
+    sigaction(SIGUSR1, &hosts, nullptr);
+
+    // A host that has all signals blocked hands this on to the threads that it starts.
+    sigset_t all;
+    sigset_t former;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &former);
+    const auto before = realTimeActions();
+    Sleeper sleeper;
+    void* const thread = SMThreadStart(Sleeper::run, &sleeper);
+    sleeper.waitUntilBegun();
+    sleeper.stop(thread);
+
+    // The signal that the library took for itself is one that nobody had a use for.
+    std::vector<int> taken;
+    for (const auto& [number, action] : realTimeActions())
+        if (action.sa_handler != before.at(number).sa_handler) {
+            EXPECT_EQ(before.at(number).sa_handler, SIG_DFL);
+            taken.push_back(number);
+        }
+    EXPECT_LE(taken.size(), 1U);
+    pthread_sigmask(SIG_SETMASK, &former, nullptr);
+
+    // If the host finds a use for that signal later, the library turns to another one.
+    Sleeper late;
+    void* const lateThread = SMThreadStart(Sleeper::run, &late);
+    late.waitUntilBegun();
+    for (const int number : taken)
+        sigaction(number, &hosts, nullptr);
+    late.stop(lateThread);
+    EXPECT_EQ(hostSignals, 0);
+    for (const int number : taken)
+        std::signal(number, SIG_DFL);
+    std::signal(SIGRTMAX, SIG_DFL);
+    std::signal(SIGUSR1, SIG_DFL);
+}
+
+} // namespace
