@@ -1,0 +1,41 @@
+#include "zarnekctl/Columns.h"
+
+#include "zarnekctl/Text.h"
+
+#include <algorithm>
+
+namespace zarnekctl
+{
+
+void Columns::add(std::string prefix, std::vector<Cell> cells)
+{
+    m_lines.push_back({std::move(prefix), std::move(cells)});
+}
+
+void Columns::print(std::ostream& out, const Style& style) const
+{
+    std::size_t prefixWidth = 0;
+    std::vector<std::size_t> widths;
+    for (const Line& line : m_lines) {
+        prefixWidth = std::max(prefixWidth, displayWidth(line.prefix));
+        widths.resize(std::max(widths.size(), line.cells.size()));
+        for (std::size_t index = 0; index < line.cells.size(); ++index)
+            widths[index] = std::max(widths[index], displayWidth(line.cells[index].text));
+    }
+    for (const Line& line : m_lines) {
+        out << padded(line.prefix, prefixWidth);
+        for (std::size_t index = 0; index < line.cells.size(); ++index) {
+            const Cell& cell = line.cells[index];
+            const std::string blanks(widths[index] - displayWidth(cell.text), ' ');
+            const bool last = index + 1 == line.cells.size();
+            if (index != 0)
+                out << "  ";
+            out << (cell.alignRight ? blanks : "")
+                << (cell.hasHealth ? style.coloured(cell.text, cell.health) : cell.text)
+                << (cell.alignRight || last ? "" : blanks);
+        }
+        out << '\n';
+    }
+}
+
+} // namespace zarnekctl

@@ -1,0 +1,35 @@
+// Both configuration files looked through at once.
+#ifndef ZARNEKCTL_CONFIG_CHECK_H
+#define ZARNEKCTL_CONFIG_CHECK_H
+
+#include "zarnekctl/ConfigFolder.h"
+#include "zarnekctl/Finding.h"
+
+#include <string>
+#include <vector>
+
+namespace zarnekctl
+{
+
+class ConfigCheck
+{
+  public:
+    explicit ConfigCheck(const ConfigFolder& config);
+
+    // The findings as lines, the private INI's first; those alone that are at least as bad as `atLeast`.
+    std::vector<std::string> lines(Effect atLeast = Effect::Surprise) const;
+    Effect worst() const;
+    // Throws Failure (BadInput) with the lines that are at least so bad, when there are any.
+    void refuse(Effect atLeast) const;
+
+  private:
+    struct File {
+        std::string path;
+        Findings findings;
+    };
+    std::vector<File> m_files;
+};
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,68 @@
+// The data engine's side of a run: points the support library at the configuration, opens vendor library and
+// plug-in, gathers what all of them say, and sends the control commands.
+#ifndef ZARNEKCTL_ENGINE_HOST_H
+#define ZARNEKCTL_ENGINE_HOST_H
+
+#include "zarnekctl/ConfigFolder.h"
+#include "zarnekctl/DebugLog.h"
+#include "zarnekctl/Installation.h"
+#include "zarnekctl/Options.h"
+#include "zarnekctl/Plugin.h"
+#include "zarnekctl/System.h"
+#include "zarnekctl/Trace.h"
+#include "zarnekctl/VendorLibrary.h"
+
+#include <optional>
+#include <string>
+
+namespace zarnekctl
+{
+
+// One at a time in a process: the libraries have one set of sinks. Lives on the main thread; its sinks run on
+// the event thread too.
+class EngineHost
+{
+  public:
+    // `defaultScenario` is played when the options name no source. Throws Failure.
+    EngineHost(const Options& options, const Installation& installation, const ConfigFolder& config,
+               const std::string& defaultScenario);
+    ~EngineHost();
+    EngineHost(const EngineHost&) = delete;
+    EngineHost& operator=(const EngineHost&) = delete;
+
+    // The commands throw Failure (PluginFailed) when the plug-in refuses or fails.
+    void initialise();
+    // Discovers, numbering controllers from `globalNumber`.
+    void discover(unsigned int globalNumber);
+    void startMonitoring();
+    void stopMonitoring();
+    void terminate();
+
+    // What the data engine holds now, with source and controller count.
+    System system() const;
+    // Throws Failure (PluginFailed) when controllers that the vendor library has are not in `system`.
+    void requireComplete(const System& system) const;
+
+    Trace& trace() { return m_trace; }
+    const DebugLog& log() const { return m_log; }
+    VendorLibrary& vendorLibrary() { return *m_vendorLibrary; }
+    bool playsScenario() const { return m_playsScenario; }
+
+  private:
+    void chooseSource(const Options& options, const Installation& installation, const ConfigFolder& config,
+                      const std::string& defaultScenario);
+    void connectSinks();
+    void send(ControlCommand command, void* input = nullptr, void** output = nullptr);
+
+    Trace m_trace;
+    DebugLog m_log;
+    std::optional<VendorLibrary> m_vendorLibrary;
+    std::optional<Plugin> m_plugin;
+    std::string m_source;
+    bool m_playsScenario = false;
+    unsigned int m_controllersFound = 0;
+};
+
+} // namespace zarnekctl
+
+#endif

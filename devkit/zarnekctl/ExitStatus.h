@@ -1,0 +1,22 @@
+// What zarnekctl tells its caller by its exit status.
+#ifndef ZARNEKCTL_EXIT_STATUS_H
+#define ZARNEKCTL_EXIT_STATUS_H
+
+namespace zarnekctl
+{
+
+enum class ExitStatus {
+    Done = 0,
+    PluginFailed = 1, // the plug-in or the vendor library failed
+    WrongUsage = 2,   // the command line
+    BadInput = 3      // scenario, configuration or a library file
+};
+
+constexpr int exitCode(ExitStatus status)
+{
+    return static_cast<int>(status);
+}
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,38 @@
+// Something wrong or surprising in a configuration file.
+#ifndef ZARNEKCTL_FINDING_H
+#define ZARNEKCTL_FINDING_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace zarnekctl
+{
+
+// What becomes of a run with it.
+enum class Effect {
+    Surprise,     // it works, but not as the line seems to say
+    NoMonitoring, // no alert would arrive, or the event thread would end the process
+    NoDiscovery   // not even discovery would work
+};
+
+struct Finding {
+    std::size_t line = 1; // from 1
+    Effect effect = Effect::Surprise;
+    std::string what;
+    std::string remedy;
+
+    // `file:line: error|warning: what; remedy`
+    std::string text(const std::string& file) const;
+};
+
+using Findings = std::vector<Finding>;
+
+// By line, in the order found where the line is the same.
+void sortByLine(Findings& findings);
+// The worst effect; Surprise when there is none.
+Effect worstOf(const Findings& findings);
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,33 @@
+// Where the files are that zarnekctl comes with, in the build tree and below an install prefix alike.
+#ifndef ZARNEKCTL_INSTALLATION_H
+#define ZARNEKCTL_INSTALLATION_H
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace zarnekctl
+{
+
+class Installation
+{
+  public:
+    // `executable` is the path of the running program.
+    explicit Installation(const std::filesystem::path& executable);
+    static Installation ofThisProgram();
+
+    // The plug-in beside the program or in the neighbouring library folder. Throws Failure (BadInput) when
+    // there is none.
+    std::filesystem::path plugin() const;
+    // A configuration file as shipped. Throws Failure (BadInput).
+    std::filesystem::path shippedConfig(const std::string& name) const;
+    // A shipped scenario by file name, with or without its ".json".
+    std::optional<std::filesystem::path> shippedScenario(const std::string& name) const;
+
+  private:
+    std::filesystem::path m_folder; // of the executable
+};
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,28 @@
+#include "zarnekctl/StopSignals.h"
+
+#include <unistd.h>
+
+namespace zarnekctl
+{
+
+StopSignals::StopSignals() : m_signals()
+{
+    sigemptyset(&m_signals);
+    sigaddset(&m_signals, SIGINT);
+    sigaddset(&m_signals, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
+}
+
+void StopSignals::wait() const
+{
+    int signal = 0;
+    while (sigwait(&m_signals, &signal) != 0)
+        continue;
+}
+
+void StopSignals::request()
+{
+    kill(getpid(), SIGTERM);
+}
+
+} // namespace zarnekctl

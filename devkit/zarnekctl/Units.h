@@ -1,0 +1,20 @@
+// Numbers in the units people use.
+#ifndef ZARNEKCTL_UNITS_H
+#define ZARNEKCTL_UNITS_H
+
+#include <cstdint>
+#include <string>
+
+namespace zarnekctl
+{
+
+// Decimal units with three digits: "512 B", "480 GB", "4.00 TB", "18.4 EB".
+std::string sizeText(std::uint64_t bytes);
+// A stripe size in blocks of 512 bytes, in binary units: "64 KiB".
+std::string stripeText(std::uint64_t blocks);
+// A link speed, 1024 for one Gbit/s: "1.5 Gbit/s"; "none" for 0.
+std::string speedText(std::uint64_t speed);
+
+} // namespace zarnekctl
+
+#endif
