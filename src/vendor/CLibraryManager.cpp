@@ -1,0 +1,128 @@
+#include "vendor/CLibraryManager.h"
+
+#include "support/CCriticalSection.h"
+#include "support/CLogger.h"
+#include "support/LogScope.h"
+#include "support/Status.h"
+#include "vendor/CLibraryLoader.h"
+#include "vendor/IVendorLibrary.h"
+
+#include <algorithm>
+#include <new>
+
+CLibraryManager* CLibraryManager::m_pLibManager = nullptr;
+
+CLibraryManager* CLibraryManager::getUniqueInstance()
+{
+    static constexpr char LABEL[] = "ZARNEK:CLibraryManager:getUniqueInstance()";
+    const stg::LogScope scope(LABEL, "ZARNEK:CLibraryManager: getUniqueInstance()");
+
+    if (m_pLibManager == nullptr) {
+        const CCriticalSection lock;
+        if (m_pLibManager == nullptr) {
+            try {
+                m_pLibManager = new CLibraryManager;
+            } catch (const std::bad_alloc& failure) {
+                stg::lout << "ZARNEK:CLibraryManager::getUniqueInstance(): "
+                          << "Failed to allocate Memory. " << failure.what() << '\n';
+            }
+        }
+    }
+    return m_pLibManager;
+}
+
+short CLibraryManager::destroyMe()
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:destroyMe()");
+    delete m_pLibManager;
+    m_pLibManager = nullptr;
+    return stg::STATUS_SUCCESS;
+}
+
+bool CLibraryManager::isRegistered(const IVendorLibrary* library)
+{
+    return m_pLibManager != nullptr &&
+           std::any_of(m_pLibManager->m_libMap.begin(), m_pLibManager->m_libMap.end(),
+                       [library](const auto& entry) { return entry.second == library; });
+}
+
+CLibraryManager::CLibraryManager() = default;
+
+CLibraryManager::~CLibraryManager()
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:~CLibraryManager()");
+    removeAllElementsFromMap();
+}
+
+short CLibraryManager::initializeLibrary()
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:initializeLibrary()");
+    CLibraryLoader loader;
+    if (loader.initializeLibLoader() != stg::STATUS_SUCCESS)
+        return -1;
+    return loader.createAllLibObjs() == stg::STATUS_SUCCESS ? 0 : -1;
+}
+
+short CLibraryManager::insertIntoMap(unsigned int vendorId, IVendorLibrary* library)
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:insertIntoMap()");
+    m_libMap.emplace(vendorId, library);
+    return stg::STATUS_SUCCESS;
+}
+
+short CLibraryManager::cloneLibraryMultiMap(LibraryMultimap& /*map*/)
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:cloneLibraryMultiMap()");
+    return stg::STATUS_SUCCESS;
+}
+
+IVendorLibrary* CLibraryManager::getVendorLibInstance(unsigned int vendorId)
+{
+    static constexpr char LABEL[] = "ZARNEK:CLibraryManager:getVendorLibInstance()";
+    const stg::LogScope scope(LABEL);
+
+    // find may return any of several equal keys, lower_bound returns the first.
+    const auto found = m_libMap.lower_bound(vendorId);
+    if (found == m_libMap.end() || found->first != vendorId)
+        return nullptr;
+    if (found->second == nullptr)
+        stg::lout << LABEL << ": "
+                  << "Dynamic Cast Failed." << '\n';
+    return found->second;
+}
+
+void* CLibraryManager::getLibHandleforVendorID(unsigned int vendorId)
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:getLibHandleforVendorID()");
+    const auto found = m_libMap.lower_bound(vendorId);
+    if (found == m_libMap.end() || found->first != vendorId || found->second == nullptr)
+        return nullptr;
+    return found->second->getLibHandle();
+}
+
+short CLibraryManager::removeElementFromMap(LibraryPair& pair)
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:removeElementFromMap()");
+    m_libMap.erase(pair.first);
+    return stg::STATUS_SUCCESS;
+}
+
+short CLibraryManager::updateLibraryMultiMap(LibraryPair& pair)
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:updateLibraryMultiMap()");
+    const auto found = m_libMap.lower_bound(pair.first);
+    if (found != m_libMap.end() && found->first == pair.first)
+        delete found->second;
+    m_libMap.erase(pair.first);
+    m_libMap.insert(pair);
+    return stg::STATUS_SUCCESS;
+}
+
+short CLibraryManager::removeAllElementsFromMap()
+{
+    const stg::LogScope scope("ZARNEK:CLibraryManager:removeAllElementsFromMap()");
+    for (const auto& entry : m_libMap)
+        delete entry.second;
+    m_libMap.clear();
+    return stg::STATUS_SUCCESS;
+}
