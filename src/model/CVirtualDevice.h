@@ -1,0 +1,155 @@
+#ifndef ZARNEK_MODEL_CVIRTUALDEVICE_H
+#define ZARNEK_MODEL_CVIRTUALDEVICE_H
+
+#include "model/SAttribTypeProp.h"
+#include "support/Status.h"
+
+#include <list>
+#include <string>
+#include <utility>
+#include <vector>
+
+// The vendor-neutral view of one virtual disk: a holder of attributes that is also an attribute bag. A
+// vendor's subclass fills it from records. An attribute reaches the data engine only if its setter ran.
+//
+// Objects are short-lived, belong to one thread and own their texts and lists. Operations report no error.
+class CVirtualDevice
+{
+  public:
+    CVirtualDevice();
+    // Copies the listed attributes, set or not, and enters them in the copy's value map.
+    CVirtualDevice(const CVirtualDevice& other);
+    virtual ~CVirtualDevice();
+
+    // Fills the object from vendor records, handed over in the vendor's binder. Here it does nothing.
+    virtual CVirtualDevice& operator=(void* binder);
+
+    virtual void setObjType(unsigned int value);
+    virtual unsigned int getObjType() const { return m_VdObjType; }
+    virtual void setControllerID(unsigned int value);
+    virtual unsigned int getControllerID() const { return m_VdCntrlID; }
+    virtual void setGlobalControllerNo(unsigned int value);
+    virtual unsigned int getGlobalControllerNo() const { return m_VdGlobalCntrlNum; }
+    virtual void setVILNumber(unsigned int value);
+    virtual unsigned int getVILNumber() const { return m_VdVILNumber; }
+    virtual void setBusProtocol(unsigned int value);
+    virtual unsigned int getBusProtocol() const { return m_VdBusProtocol; }
+    virtual void setMedia(unsigned int value);
+    virtual unsigned int getMedia() const { return m_VdMedia; }
+    virtual void setVendorID(unsigned int value);
+    virtual unsigned int getVendorID() const { return m_VdVendorID; }
+    virtual void setVDState(unsigned int value);
+    virtual unsigned int getVDState() const { return m_VdState; }
+    virtual void setVDStripeBlockSize(unsigned int value);
+    virtual unsigned int getVDStripeBlockSize() const { return m_VdStripeBlockSize; }
+    virtual void setVDSectorSize(unsigned int value);
+    virtual unsigned int getVDSectorSize() const { return m_VdSectorSize; }
+    virtual void setPDCount(unsigned int value);
+    virtual unsigned int getPDCount() const { return m_VdPdCount; }
+    virtual void setRaidDiskSpace(unsigned int value);
+    virtual unsigned int getRaidDiskSpace() const { return m_VdRaidDiskSpace; }
+    virtual void setDiskCachePolicy(unsigned int value);
+    virtual unsigned int getDiskCachePolicy() const { return m_VdDiskCachePolicy; }
+    virtual void setWritePolicy(unsigned int value);
+    virtual unsigned int getWritePolicy() const { return m_VdWritePolicy; }
+    virtual void setReadPolicy(unsigned int value);
+    virtual unsigned int getReadPolicy() const { return m_VdReadPolicy; }
+    virtual void setDeviceID(unsigned int value);
+    virtual unsigned int getDeviceID() const { return m_VdDevID; }
+    virtual void setLogicalDriveNum(unsigned int value);
+    virtual unsigned int getLogicalDriveNum() const { return m_VdLogicalDriveNum; }
+    virtual void setAttributeMask(unsigned int value);
+    virtual unsigned int getAttributeMask() const { return m_VdAttributeMask; }
+    virtual void setMasterMethodMask(unsigned int value);
+    virtual unsigned int getMasterMethodMask() const { return m_VdMasterMethodMask; }
+    virtual void setCurrentMethodMask(unsigned int value);
+    virtual unsigned int getCurrentMethodMask() const { return m_VdCurrentMethodMask; }
+    virtual void setVDStatus(unsigned int value);
+    virtual unsigned int getVDStatus() const { return m_VdStatus; }
+    virtual void setVDRaidMode(unsigned int value);
+    virtual unsigned int getVDRaidMode() const { return m_VdRaidMode; }
+    virtual void setVDBlockCount(unsigned short value);
+    virtual unsigned short getVDBlockCount() const { return m_VdBlockCount; }
+    virtual void setVDName(std::string value);
+    virtual std::string getVDName() const { return m_VdName; }
+    virtual void setVDSize(unsigned long long value);
+    virtual unsigned long long getVDSize() const { return m_VdSize; }
+    virtual void setVDAutoRebuildOn(bool value);
+    virtual bool getVDAutoRebuildOn() const { return m_VdAutoRebuildOn; }
+    virtual void setProductName(std::string value);
+    virtual std::string getProductName() const { return m_VdProductName; }
+    // Overwrites the member list's elements in step with the given ones; its length never changes.
+    virtual void setPdInVdList(std::list<unsigned int> value);
+    virtual std::list<unsigned int> getPdInVdList() const { return m_PdInVdList; }
+    virtual void setVDNexus(std::vector<unsigned int> value);
+    virtual std::vector<unsigned int> getVDNexus() const { return m_VdNexus; }
+
+    // Sets attributes, through their setters, from a map of names to values that stay the caller's. Names
+    // that the class does not have are ignored.
+    virtual CVirtualDevice& operator=(stg::AttribValMap& values);
+
+    CVirtualDevice& operator=(const CVirtualDevice& other);
+    void copyAttributes(const CVirtualDevice& other);
+
+    // Finds virtual disks of a controller in the data engine by their logical drive number; NUMBER_UNKNOWN
+    // asks for all. Results as of CPhysicalDevice::getPdObject, but any status of the data engine's listing
+    // is a failure and is returned.
+    unsigned int getVdObject(unsigned int globalCntrlNum, void** outObjects, unsigned int logicalDriveNum);
+
+    // The attributes set on this object, and the class's table of all attributes.
+    stg::AttribValMap* getAttribValueMap() { return &m_VdAttribValMap; }
+    static stg::AttribTypeMap& getAttribNameAndType() { return m_VdAttribNameTypeMap; }
+    // Fills the class's table once; a name that is there keeps its row.
+    static void attribNameAndTypeMapInit();
+    static void setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId);
+    // Entries of the value map. Insertion keeps an entry that is there, an update replaces its pointer. A
+    // removal keeps the field's value, and an entry whose pointer is null.
+    void insertIntoAttribValMap(std::string name, void* value);
+    void updateAttribValMap(std::string name, void* value);
+    void* retrieveValFromMap(std::string name);
+    void deleteFromMap(std::string name);
+    void deleteFromMap(std::pair<std::string, void*> entry);
+    void clearMap();
+
+  private:
+    struct Attributes;
+
+    unsigned int m_VdObjType = stg::NUMBER_UNKNOWN; // SDO object type; 773 (0x305)
+    unsigned int m_VdCntrlID = stg::NUMBER_UNKNOWN; // the vendor library's adapter index
+    unsigned int m_VdGlobalCntrlNum =
+        stg::NUMBER_UNKNOWN;                            // global controller number of the owning controller
+    unsigned int m_VdVILNumber = stg::NUMBER_UNKNOWN;   // vendor layer number; 9 for Marvell
+    unsigned int m_VdBusProtocol = stg::NUMBER_UNKNOWN; // bus protocol code
+    unsigned int m_VdMedia = stg::NUMBER_UNKNOWN;       // media code
+    unsigned int m_VdVendorID = stg::NUMBER_UNKNOWN; // vendor id, a number here; shares its property id with
+                                                     // `m_VdVILNumber`, also to keep
+    unsigned int m_VdState = stg::NUMBER_UNKNOWN;    // state code
+    unsigned int m_VdStripeBlockSize = stg::NUMBER_UNKNOWN; // stripe size
+    unsigned int m_VdSectorSize = stg::NUMBER_UNKNOWN;      // sector size
+    unsigned int m_VdPdCount = stg::NUMBER_UNKNOWN;         // number of member disks
+    unsigned int m_VdRaidDiskSpace = stg::NUMBER_UNKNOWN;   // RAID disk space
+    unsigned int m_VdDiskCachePolicy = stg::NUMBER_UNKNOWN; // disk cache policy code
+    unsigned int m_VdWritePolicy = stg::NUMBER_UNKNOWN;     // write policy code
+    unsigned int m_VdReadPolicy = stg::NUMBER_UNKNOWN;      // read policy code
+    unsigned int m_VdDevID = stg::NUMBER_UNKNOWN;           // the vendor library's id of the logical drive
+    unsigned int m_VdLogicalDriveNum =
+        stg::NUMBER_UNKNOWN;                           // logical drive number; the second key of the nexus
+    unsigned int m_VdAttributeMask = 0;                // attribute mask
+    unsigned int m_VdMasterMethodMask = 0;             // master method mask
+    unsigned int m_VdCurrentMethodMask = 0;            // current method mask
+    unsigned int m_VdStatus = stg::NUMBER_UNKNOWN;     // health status code
+    unsigned int m_VdRaidMode = stg::NUMBER_UNKNOWN;   // RAID level as a single-bit code of the data engine
+    unsigned short m_VdBlockCount = 0xFFFF;            // block count
+    std::string m_VdName;                              // name of the virtual disk
+    unsigned long long m_VdSize = stg::NUMBER_UNKNOWN; // size in bytes
+    bool m_VdAutoRebuildOn = false;                    // automatic rebuild on
+    std::string m_VdProductName;                       // product name
+    std::list<unsigned int> m_PdInVdList;              // member disks of the virtual disk
+    std::vector<unsigned int> m_VdNexus; // property ids that identify the object in the data engine
+    stg::AttribValMap m_VdAttribValMap;
+
+    static stg::AttribTypeMap m_VdAttribNameTypeMap;
+    static bool m_bIsVdAttribNameAndTypeMap;
+};
+
+#endif

@@ -1,0 +1,166 @@
+#ifndef ZARNEK_MODEL_ICONTROLLER_H
+#define ZARNEK_MODEL_ICONTROLLER_H
+
+#include "model/SAttribTypeProp.h"
+#include "support/Status.h"
+
+#include <list>
+#include <string>
+#include <utility>
+#include <vector>
+
+// The vendor-neutral view of one RAID controller: a holder of attributes that is also an attribute bag. A
+// vendor's subclass fills it. An attribute reaches the data engine only if its setter ran.
+//
+// Objects are short-lived, belong to one thread and own their texts and lists. Operations report no error.
+class IController
+{
+  public:
+    IController();
+    // Copies the listed attributes, set or not, and enters them in the copy's value map.
+    IController(const IController& other);
+    virtual ~IController();
+
+    // Fills the object from vendor records, handed over in the vendor's binder. Here it does nothing.
+    virtual IController& operator=(void* binder);
+    // Sets attributes from a map of names to values that stay the caller's. Here it does nothing.
+    virtual IController& operator=(stg::AttribValMap& values);
+    // Names of the attributes that can be read back from the data engine.
+    virtual std::list<std::string>* getCntrlSpecificAttrib() { return &m_CntrlSpecificAttrib; }
+
+    virtual void setGlobalControllerNumber(unsigned int value);
+    virtual unsigned int getGlobalControllerNumber() const { return m_globalControllerNumber; }
+    virtual void setObjType(unsigned int value);
+    virtual unsigned int getObjType() const { return m_ObjType; }
+    virtual void setVendorID(unsigned int value);
+    virtual unsigned int getVendorID() const { return m_VendorID; }
+    virtual void setSubVenID(unsigned int value);
+    virtual unsigned int getSubVenID() const { return m_SubVenID; }
+    virtual void setDevID(unsigned int value);
+    virtual unsigned int getDevID() const { return m_DevID; }
+    virtual void setSubDevID(unsigned int value);
+    virtual unsigned int getSubDevID() const { return m_SubDevID; }
+    virtual void setVILNumber(unsigned int value);
+    virtual unsigned int getVILNumber() const { return m_VILNumber; }
+    virtual void setStatus(unsigned int value);
+    virtual unsigned int getStatus() const { return m_Status; }
+    virtual void setState(unsigned int value);
+    virtual unsigned int getState() const { return m_State; }
+    virtual void setControllerNexus(std::vector<unsigned int> value);
+    virtual std::vector<unsigned int> getControllerNexus() const { return m_CntrlNexus; }
+    virtual void setAttributeMask(unsigned int value);
+    virtual unsigned int getAttributeMask() const { return m_AttributeMask; }
+    virtual void setMasterMethodMask(unsigned int value);
+    virtual unsigned int getMasterMethodMask() const { return m_MasterMethodMask; }
+    virtual void setCurrentMethodMask(unsigned int value);
+    virtual unsigned int getCurrentMethodMask() const { return m_CurrentMethodMask; }
+    virtual void setBusProtocolNumber(unsigned int value);
+    virtual unsigned int getBusProtocolNumber() const { return m_BusProtocolNumber; }
+    virtual void setProductName(std::string value);
+    virtual std::string getProductName() const { return m_ProductName; }
+    virtual void setSerialNum(std::string value);
+    virtual std::string getSerialNum() const { return m_SerialNum; }
+    virtual void setModelNum(unsigned int value);
+    virtual unsigned int getModelNum() const { return m_ModelNum; }
+    virtual void setDriverVer(std::string value);
+    virtual std::string getDriverVer() const { return m_DriverVer; }
+    virtual void setPortCount(unsigned int value);
+    virtual unsigned int getPortCount() const { return m_PortCount; }
+    virtual void setPDCount(unsigned int value);
+    virtual unsigned int getPDCount() const { return m_PDCount; }
+    virtual void setVDCount(unsigned int value);
+    virtual unsigned int getVDCount() const { return m_VDCount; }
+    virtual void setNoOfBattery(unsigned int value);
+    virtual unsigned int getNoOfBattery() const { return m_NoOfBattery; }
+    virtual void setControllerID(unsigned int value);
+    virtual unsigned int getCntrlID() const { return m_CntrID; }
+    virtual void setSlotID(unsigned int value);
+    virtual unsigned int getSlotID() const { return m_SlotID; }
+    virtual void setFWVersion(std::string value);
+    virtual std::string getFWVersion() const { return m_FWVer; }
+    virtual void setCacheMemSize(unsigned int value);
+    virtual unsigned int getCacheMemSize() const { return m_CacheMemSize; }
+    virtual void setRebuildRate(unsigned int value);
+    virtual unsigned int getRebuildRate() const { return m_RebuildRate; }
+    virtual void setBGIRate(unsigned int value);
+    virtual unsigned int getBGIRate() const { return m_BGIRate; }
+    virtual void setCheckConsistRate(unsigned int value);
+    virtual unsigned int getCheckConsistRate() const { return m_CheckConsistRate; }
+    virtual void setPatrolReadRate(unsigned int value);
+    virtual unsigned int getPatrolReadRate() const { return m_PatrolReadRate; }
+    virtual void setAlarmState(bool value);
+    virtual bool getAlarmState() const { return m_bAlarmState; }
+
+    IController& operator=(const IController& other);
+    void copyAttributes(const IController& other);
+
+    // Finds the controller's object in the data engine. With `inSDOObj` given, only tells whether that object
+    // bears a global controller number. Otherwise *outSDOConfigObj becomes a clone that the caller frees, or
+    // null. 0; 256 when there is no such controller; 1 or the data engine's status on failure.
+    unsigned int getControllerObject(void* inSDOObj, unsigned int globalCntrlNum, void** outSDOConfigObj);
+
+    // The attributes set on this object, and the class's table of all attributes.
+    stg::AttribValMap* getAttribValueMap() { return &m_CntrlAttribValMap; }
+    static stg::AttribTypeMap& getAttribNameAndType() { return m_CntrlAttribNameTypeMap; }
+    // Fills the class's table once; a name that is there keeps its row.
+    static void attribNameAndTypeMapInit();
+    static void setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId);
+    // Entries of the value map. Insertion keeps an entry that is there, an update replaces its pointer. A
+    // removal keeps the field's value, and an entry whose pointer is null.
+    void insertIntoAttribValMap(std::string name, void* value);
+    void updateAttribValMap(std::string name, void* value);
+    void* retrieveValFromMap(std::string name);
+    void deleteFromMap(std::string name);
+    void deleteFromMap(std::pair<std::string, void*> entry);
+    void clearMap();
+
+  protected:
+    // Sets attributes from a map, for the vendor's operator=.
+    void assignAttributes(const stg::AttribValMap& values);
+
+  private:
+    struct Attributes;
+
+    unsigned int m_globalControllerNumber =
+        stg::NUMBER_UNKNOWN; // number of the controller across all vendors in this process; the key of the
+                             // nexus
+    unsigned int m_ObjType = stg::NUMBER_UNKNOWN; // SDO object type; 769 (0x301) for a controller
+    unsigned int m_VendorID =
+        stg::NUMBER_UNKNOWN; // vendor id; shares its property id with `m_VILNumber`, a coincidence to keep
+    unsigned int m_SubVenID = stg::NUMBER_UNKNOWN; // sub-vendor id
+    unsigned int m_DevID = stg::NUMBER_UNKNOWN;    // device id
+    unsigned int m_SubDevID = stg::NUMBER_UNKNOWN; // sub-device id
+    unsigned int m_VILNumber =
+        stg::NUMBER_UNKNOWN; // number of the vendor layer that owns the object; 9 for Marvell
+    unsigned int m_Status = stg::NUMBER_UNKNOWN;            // health status code
+    unsigned int m_State = stg::NUMBER_UNKNOWN;             // state code
+    unsigned int m_AttributeMask = 0;                       // attribute mask
+    unsigned int m_MasterMethodMask = 0;                    // master method mask
+    unsigned int m_CurrentMethodMask = 0;                   // current method mask
+    unsigned int m_BusProtocolNumber = stg::NUMBER_UNKNOWN; // bus protocol code
+    std::string m_ProductName;                              // product name
+    std::string m_SerialNum;                                // serial number
+    unsigned int m_ModelNum = stg::NUMBER_UNKNOWN;          // model number, a number here
+    unsigned int m_PortCount = stg::NUMBER_UNKNOWN;         // number of ports
+    unsigned int m_PDCount = stg::NUMBER_UNKNOWN;           // number of physical disks
+    unsigned int m_VDCount = stg::NUMBER_UNKNOWN;           // number of virtual disks
+    unsigned int m_NoOfBattery = stg::NUMBER_UNKNOWN;       // number of batteries
+    unsigned int m_CntrID = stg::NUMBER_UNKNOWN;            // the vendor library's index of the adapter
+    unsigned int m_SlotID = stg::NUMBER_UNKNOWN;            // slot
+    std::string m_FWVer;                                    // firmware version text
+    std::string m_DriverVer;                                // driver version text
+    unsigned int m_CacheMemSize = stg::NUMBER_UNKNOWN;      // cache memory size
+    unsigned int m_RebuildRate = stg::NUMBER_UNKNOWN;       // rebuild rate, percent
+    unsigned int m_BGIRate = stg::NUMBER_UNKNOWN;           // background initialisation rate
+    unsigned int m_CheckConsistRate = stg::NUMBER_UNKNOWN;  // consistency check rate
+    unsigned int m_PatrolReadRate = stg::NUMBER_UNKNOWN;    // patrol read rate
+    bool m_bAlarmState = false;                             // alarm present
+    std::vector<unsigned int> m_CntrlNexus; // property ids that identify the object in the data engine
+    stg::AttribValMap m_CntrlAttribValMap;
+    std::list<std::string> m_CntrlSpecificAttrib;
+
+    static stg::AttribTypeMap m_CntrlAttribNameTypeMap;
+    static bool m_bIsAttribNameAndTypeMap;
+};
+
+#endif

@@ -1,0 +1,23 @@
+#ifndef ZARNEK_MODEL_SATTRIBTYPEPROP_H
+#define ZARNEK_MODEL_SATTRIBTYPEPROP_H
+
+#include <map>
+#include <string>
+
+namespace stg
+{
+
+// How an attribute travels: its type tag and the property that carries it; 0 for none.
+struct SAttribTypeProp_t {
+    std::string m_AttribType;
+    unsigned int m_PropertyID;
+};
+
+// The attribute table of a class, by attribute name.
+using AttribTypeMap = std::map<std::string, SAttribTypeProp_t>;
+// The attributes set on an object: name to the object's own field.
+using AttribValMap = std::map<std::string, void*>;
+
+} // namespace stg
+
+#endif
