@@ -1,0 +1,329 @@
+#include "entry/CCommandHandler.h"
+
+#include "discovery/CMarvelSubSystemMgr.h"
+#include "discovery/CSubSystemFactory.h"
+#include "entry/CCommandHandler_Helper.h"
+#include "entry/ControlCommand.h"
+#include "support/CCriticalSection.h"
+#include "support/CLogger.h"
+#include "support/LogScope.h"
+#include "support/Status.h"
+#include "vendor/CLibraryManager.h"
+
+#include <sdo.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <new>
+#include <typeinfo>
+
+CCommandHandler* CCommandHandler::m_pCommandHandlerInstance = nullptr;
+std::map<unsigned int, ISubSystemManager*> CCommandHandler::m_ControllerSubSystemMap;
+unsigned int CCommandHandler::m_gValGlobalCntrlNumber = 0;
+unsigned int CCommandHandler::m_gQelvoGlobalCntrlNumber = 0;
+unsigned int CCommandHandler::m_gQelvoTotalCntrlNumber = 0;
+
+namespace
+{
+
+// Text by which a manager's class is recognised within its run-time type name.
+constexpr char MARVELL_MANAGER[] = "CMarvelSubSystemMgr";
+
+const char* typeNameOf(ISubSystemManager* manager)
+{
+    return typeid(*manager).name(); // a null pointer raises std::bad_typeid
+}
+
+bool isMarvellManager(const char* typeName)
+{
+    return std::strstr(typeName, MARVELL_MANAGER) != nullptr;
+}
+
+} // namespace
+
+CCommandHandler* CCommandHandler::getUniqueInstance()
+{
+    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::getUniqueInstance()";
+    const stg::LogScope scope(LABEL);
+
+    if (m_pCommandHandlerInstance == nullptr) {
+        const CCriticalSection lock;
+        if (m_pCommandHandlerInstance == nullptr) {
+            try {
+                m_pCommandHandlerInstance = new CCommandHandler;
+            } catch (const std::bad_alloc& failure) {
+                stg::lout << LABEL << ": "
+                          << "Failed to allocate Memory. " << failure.what() << '\n';
+            }
+        }
+    }
+    return m_pCommandHandlerInstance;
+}
+
+int CCommandHandler::destroyMe()
+{
+    const stg::LogScope scope("CCommandHandler::destroyMe()");
+    delete m_pCommandHandlerInstance;
+    m_pCommandHandlerInstance = nullptr;
+    return stg::STATUS_SUCCESS;
+}
+
+CCommandHandler::CCommandHandler() = default;
+
+CCommandHandler::~CCommandHandler()
+{
+    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::~CCommandHandler()";
+    const stg::LogScope scope(LABEL);
+
+    CLibraryManager::destroyMe();
+    if (CCriticalSection::isZarnekMutex) {
+        stg::lout << LABEL << ": "
+                  << "Destroying Mutex." << '\n';
+        CCriticalSection::destroyMutex();
+    }
+}
+
+unsigned int CCommandHandler::navigator(unsigned int command, void* input, void** output)
+{
+    static constexpr char LABEL[] = "ZARNEK:CCommandHandler:navigator()";
+    stg::LogScope scope(LABEL);
+    const auto log = [](const char* text) { stg::lout << LABEL << ": " << text << '\n'; };
+
+    short status = stg::STATUS_SUCCESS;
+    switch (command) {
+    case stg::COMMAND_INITIALIZE:
+        log("Initialize");
+        status = initialize();
+        if (status == stg::STATUS_SUCCESS) {
+            // The layer above reads the slot itself as a number.
+            *output = reinterpret_cast<void*>(static_cast<std::uintptr_t>(SDO_VIL_NUMBER));
+            log("ZARNEK initialization is successful.");
+        }
+        break;
+    case stg::COMMAND_START_MONITORING:
+        log("Start_Monitoring.");
+        status = startMonitoring();
+        if (status == stg::STATUS_SUCCESS)
+            log("ZARNEK Start_Monitoring is successful.");
+        break;
+    case stg::COMMAND_DISCOVER:
+        log("Discover");
+        status = discoverAllControllers(*static_cast<const unsigned int*>(input),
+                                        static_cast<unsigned int*>(*output));
+        if (status == stg::STATUS_SUCCESS)
+            log("ZARNEK Discovery is successful.");
+        break;
+    case stg::COMMAND_TERMINATE:
+        log("Terminate");
+        log("ZARNEK Terminate is being invoked from pld_sm_zarnek_entry().");
+        break;
+    case stg::COMMAND_STOP_MONITORING:
+        log("Stop_Monitoring.");
+        status = destroyAllResources();
+        if (status == stg::STATUS_SUCCESS)
+            log("ZARNEK Stop_Monitoring is successful.");
+        break;
+    case stg::COMMAND_NO_OPERATION_26:
+    case stg::COMMAND_NO_OPERATION_27:
+    case stg::COMMAND_NO_OPERATION_29:
+        break;
+    case stg::COMMAND_UNSUPPORTED_24:
+    case stg::COMMAND_UNSUPPORTED_28:
+    case stg::COMMAND_UNSUPPORTED_30:
+        log("Fallen into default case of Control Command.");
+        status = stg::STATUS_UNSUPPORTED;
+        break;
+    default:
+        status = stg::STATUS_UNSUPPORTED;
+        if (command < stg::COMMAND_FIRST) {
+            stg::lout << "ZARNEK:CCommandHandler::navigator(): command not supported - " << command << '\n';
+            scope.skipExit();
+        }
+        break;
+    }
+    return static_cast<unsigned int>(static_cast<int>(status));
+}
+
+short CCommandHandler::initialize()
+{
+    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::initialize()";
+    const stg::LogScope scope(LABEL);
+
+    short result = stg::STATUS_SUCCESS;
+    m_pLibManager = CLibraryManager::getUniqueInstance();
+    if (m_pLibManager == nullptr) {
+        stg::lout
+            << LABEL << ": "
+            << "Failed to create instance of Library Manager. SubSystemManager has NOT been instantiated."
+            << '\n';
+        result = stg::STATUS_FAILURE;
+    } else if (m_pLibManager->initializeLibrary() != stg::STATUS_SUCCESS) {
+        stg::lout << LABEL << ": "
+                  << "Failed to initialize Library Manager. SubSystemManager has NOT been instantiated."
+                  << '\n';
+        result = stg::STATUS_FAILURE;
+    } else {
+        try {
+            const auto factory = std::make_unique<CSubSystemFactory>();
+            CSubSystemFactory* borrowed = factory.get();
+            stg::CCommandHandler_Helper createManager(borrowed);
+            const auto* libraries = m_pLibManager->accessLibObjMultimap();
+            // By reference: a copied helper has no factory.
+            std::for_each(libraries->begin(), libraries->end(), std::ref(createManager));
+        } catch (const std::bad_alloc& failure) {
+            stg::lout << LABEL << ": "
+                      << "Failed to allocate memory for CSubSystemFactory. " << failure.what() << '\n';
+            result = stg::STATUS_FAILURE;
+        }
+    }
+
+    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+        manager->initialize();
+    return result;
+}
+
+short CCommandHandler::startMonitoring()
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::startMonitoring()");
+    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+        manager->startProcessingEvents();
+    return stg::STATUS_SUCCESS;
+}
+
+short CCommandHandler::discoverAllControllers(unsigned int globalNumber, unsigned int* total)
+{
+    static constexpr char MESSAGE[] = "ZARNEK:CCommandHandler::discoverAllControllers(): ";
+    const stg::LogScope scope("ZARNEK:CCommandHandler: discoverAllControllers()");
+
+    stg::lout << MESSAGE << "Global Controller Number received from VAL Layer = " << globalNumber << '\n';
+    m_gValGlobalCntrlNumber = globalNumber;
+    m_gQelvoGlobalCntrlNumber = globalNumber;
+    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+        manager->discover();
+    *total = m_gQelvoTotalCntrlNumber;
+    stg::lout << MESSAGE << "Total Controller Count = " << *total << '\n';
+    return stg::STATUS_SUCCESS;
+}
+
+short CCommandHandler::destroyAllResources()
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::destroyAllResources()");
+    deleteAllElementsFromVector();
+    return stg::STATUS_SUCCESS;
+}
+
+void CCommandHandler::insertIntoVector(ISubSystemManager* manager)
+{
+    m_SubSystemMgrVector.push_back(manager);
+}
+
+void CCommandHandler::removeSubSystemMgr(ISubSystemManager*& manager)
+{
+    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::removeSubSystemMgr()";
+    const stg::LogScope scope(LABEL);
+
+    const char* typeName = typeNameOf(manager);
+    stg::lout << LABEL << ": "
+              << "SubSystem Manager Name => " << typeName << '\n';
+    if (isMarvellManager(typeName)) {
+        stg::lout << LABEL << ": "
+                  << "Destroying CMarvelSubSystemMgr." << '\n';
+        CMarvelSubSystemMgr::destroyMe();
+    }
+}
+
+void CCommandHandler::deleteAllElementsFromVector()
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::deleteAllElementsFromVector()",
+                              " ZARNEK:CCommandHandler::deleteAllElementsFromVector()");
+    if (m_SubSystemMgrVector.empty())
+        return;
+
+    // A manager that stands in the list more than once, after a repeated initialise, dies at its first place;
+    // its other places must not be followed then.
+    std::vector<ISubSystemManager*> distinct;
+    for (ISubSystemManager* manager : m_SubSystemMgrVector) {
+        if (std::find(distinct.begin(), distinct.end(), manager) == distinct.end())
+            distinct.push_back(manager);
+    }
+    std::for_each(distinct.begin(), distinct.end(), stg::CCommandHandler_Helper(true));
+    m_SubSystemMgrVector.clear();
+}
+
+void CCommandHandler::deleteFromVector(unsigned int managerId)
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::deleteFromVector()");
+    const auto found = std::find_if(m_SubSystemMgrVector.begin(), m_SubSystemMgrVector.end(),
+                                    stg::CCommandHandler_Helper(managerId));
+    if (found == m_SubSystemMgrVector.end() || *found == nullptr)
+        return;
+    ISubSystemManager* const removed = *found;
+    removeSubSystemMgr(*found);
+    // All of its places go: what stood twice is no manager any more.
+    m_SubSystemMgrVector.erase(std::remove(m_SubSystemMgrVector.begin(), m_SubSystemMgrVector.end(), removed),
+                               m_SubSystemMgrVector.end());
+}
+
+void CCommandHandler::deleteFromVector(ISubSystemManager* manager)
+{
+    if (manager != nullptr)
+        deleteFromVector(manager->getMgrUniqueID());
+}
+
+void CCommandHandler::insertIntoMap(unsigned int cntrlId, ISubSystemManager* manager)
+{
+    m_ControllerSubSystemMap.emplace(cntrlId, manager);
+}
+
+void CCommandHandler::insertIntoMap(std::pair<unsigned int, ISubSystemManager*> pair)
+{
+    m_ControllerSubSystemMap.insert(pair);
+}
+
+void CCommandHandler::deleteAllElementsFromMap()
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::deleteAllElementsFromMap()");
+    // Each deletion erases its element, and a manager may stand under several numbers: walk a copy, and
+    // destroy a manager at its first number only.
+    const std::map<unsigned int, ISubSystemManager*> elements = m_ControllerSubSystemMap;
+    std::vector<ISubSystemManager*> destroyed;
+    for (const auto& element : elements) {
+        if (std::find(destroyed.begin(), destroyed.end(), element.second) != destroyed.end())
+            continue;
+        destroyed.push_back(element.second);
+        deleteFromMap(element);
+    }
+    m_ControllerSubSystemMap.clear();
+}
+
+void CCommandHandler::deleteFromMap(std::pair<unsigned int, ISubSystemManager*> pair)
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::deleteFromMap()");
+    if (pair.second == nullptr)
+        return;
+    const auto found = m_ControllerSubSystemMap.find(pair.first);
+    if (found == m_ControllerSubSystemMap.end())
+        return;
+    deleteSubSystemMgrFromMap(found->second);
+    m_ControllerSubSystemMap.erase(found);
+}
+
+void CCommandHandler::deleteFromMap(unsigned int cntrlId)
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::deleteFromMap( UNSIGNED_INTEGER cntrlId )");
+    const auto found = m_ControllerSubSystemMap.find(cntrlId);
+    if (found == m_ControllerSubSystemMap.end())
+        return;
+    deleteSubSystemMgrFromMap(found->second);
+    m_ControllerSubSystemMap.erase(found);
+}
+
+void CCommandHandler::deleteSubSystemMgrFromMap(ISubSystemManager* manager)
+{
+    const stg::LogScope scope("ZARNEK:CCommandHandler::deleteSubSystemMgrFromMap()");
+    if (isMarvellManager(typeNameOf(manager)))
+        CMarvelSubSystemMgr::destroyMe();
+}

@@ -1,0 +1,169 @@
+#include "events/CAlert.h"
+
+#include "model/AttributeTable.h"
+#include "sdo/SDOProxy.h"
+#include "support/LogScope.h"
+
+#include <sdo.h>
+
+#include <utility>
+
+stg::AttribTypeMap CAlert::m_AlertAttribNameTypeMap;
+bool CAlert::m_bIsAttribNameAndTypeMap = false;
+
+namespace
+{
+
+constexpr char CONTROL_NOTIFY[] = "m_ControlNotify";
+
+} // namespace
+
+struct CAlert::Attributes {
+    static constexpr std::array ROWS = {
+        ZARNEK_ATTRIBUTE(CAlert, m_AlertNumber, setAlertNumber, TAG_UNSIGNED_INTEGER, SSPROP_ALERTNUMBER_U32),
+        ZARNEK_ATTRIBUTE(CAlert, m_NotifyType, setNotifyType, TAG_UNSIGNED_INTEGER, SSPROP_NOTIFYTYPE_U32),
+        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr01, setReplacementStr01, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR01_ASTRING),
+        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr02, setReplacementStr02, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR02_ASTRING),
+        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr03, setReplacementStr03, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR03_ASTRING),
+        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr04, setReplacementStr04, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR04_ASTRING),
+        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr05, setReplacementStr05, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR05_ASTRING),
+        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr06, setReplacementStr06, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR06_ASTRING),
+    };
+
+    template <auto Field, class Value>
+    static void store(CAlert& object, Value value)
+    {
+        constexpr const char* NAME = stg::attributes::nameOf<Field>(ROWS, Field);
+        static_assert(NAME != nullptr, "the field has a row");
+        object.*Field = std::move(value);
+        object.insertIntoAttribValMap(NAME, &(object.*Field));
+    }
+};
+
+CAlert::CAlert()
+{
+    attribNameAndTypeMapInit();
+}
+
+CAlert::CAlert(const CAlert& copyObj) : m_bHasEventSeqNum(copyObj.m_bHasEventSeqNum)
+{
+    static_assert(stg::attributes::isSound(Attributes::ROWS, 8));
+    const stg::LogScope scope("ZARNEK:CAlert:CAlert( const CAlert& copyObj )");
+    copyAttributes(copyObj);
+    attribNameAndTypeMapInit();
+}
+
+CAlert::~CAlert() = default;
+
+CAlert& CAlert::operator=(const CAlert& other)
+{
+    copyAttributes(other);
+    m_bHasEventSeqNum = other.m_bHasEventSeqNum;
+    return *this;
+}
+
+void CAlert::copyAttributes(const CAlert& other)
+{
+    const stg::LogScope scope("ZARNEK:CAlert::copyAttributes()");
+    stg::attributes::copy(Attributes::ROWS, *this, m_AttribValMap, other);
+    m_ControlNotify.copyAttributes(other.m_ControlNotify);
+}
+
+void CAlert::attribNameAndTypeMapInit()
+{
+    if (m_bIsAttribNameAndTypeMap)
+        return;
+    stg::attributes::fillTable(Attributes::ROWS);
+    // Not a field that is reached through the map: its entry, when it comes, is a nested SDO object.
+    setKeyValPair(CONTROL_NOTIFY, stg::TAG_CONTROL_NOTIFY_TYPE, SSPROP_CONTROLNOTIFY_SDO);
+    m_bIsAttribNameAndTypeMap = true;
+}
+
+void CAlert::setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId)
+{
+    stg::attributes::setKeyValPair(m_AlertAttribNameTypeMap, std::move(name), std::move(typeTag), propertyId);
+}
+
+void CAlert::insertIntoAttribValMap(std::string name, void* value)
+{
+    stg::attributes::insert(m_AttribValMap, std::move(name), value);
+}
+
+void CAlert::updateAttribValMap(std::string name, void* value)
+{
+    const stg::LogScope scope("ZARNEK:CAlert:updateAttribValMap()", "ZARNEK:CAlert::updateAttribValMap()");
+    stg::attributes::update(m_AttribValMap, std::move(name), value);
+}
+
+void CAlert::deleteFromMap(std::string name)
+{
+    const stg::LogScope scope("ZARNEK:CAlert:deleteFromMap()", "ZARNEK:CAlert::deleteFromMap()");
+    stg::attributes::remove(m_AttribValMap, name);
+}
+
+void CAlert::deleteFromMap(std::pair<std::string, void*> entry)
+{
+    deleteFromMap(entry.first);
+}
+
+void CAlert::setAlertNumber(unsigned int value)
+{
+    Attributes::store<&CAlert::m_AlertNumber>(*this, value);
+}
+
+void CAlert::setNotifyType(unsigned int value)
+{
+    Attributes::store<&CAlert::m_NotifyType>(*this, value);
+}
+
+void CAlert::setReplacementStr01(std::string value)
+{
+    Attributes::store<&CAlert::m_ReplacementStr01>(*this, std::move(value));
+}
+
+void CAlert::setReplacementStr02(std::string value)
+{
+    Attributes::store<&CAlert::m_ReplacementStr02>(*this, std::move(value));
+}
+
+void CAlert::setReplacementStr03(std::string value)
+{
+    Attributes::store<&CAlert::m_ReplacementStr03>(*this, std::move(value));
+}
+
+void CAlert::setReplacementStr04(std::string value)
+{
+    Attributes::store<&CAlert::m_ReplacementStr04>(*this, std::move(value));
+}
+
+void CAlert::setReplacementStr05(std::string value)
+{
+    Attributes::store<&CAlert::m_ReplacementStr05>(*this, std::move(value));
+}
+
+void CAlert::setReplacementStr06(std::string value)
+{
+    Attributes::store<&CAlert::m_ReplacementStr06>(*this, std::move(value));
+}
+
+CAlert& CAlert::operator=(void* /*binder*/)
+{
+    return *this;
+}
+
+unsigned int CAlert::getEventSeqNum()
+{
+    return stg::NUMBER_UNKNOWN;
+}
+
+void CAlert::updateControlNotify(stg::SDOProxy& proxy)
+{
+    const stg::LogScope scope("ZARNEK:CAlert::updateControlNotify()");
+    insertIntoAttribValMap(CONTROL_NOTIFY, proxy.cloneMyself(proxy.getChildSDOConfigPtr()));
+}

@@ -1,0 +1,113 @@
+#include "events/CMarvelEventManager.h"
+
+#include "discovery/CMarvelSubSystemMgr.h"
+#include "events/CMarvelEvtObserver.h"
+#include "events/CMarvelEvtSubject.h"
+#include "support/CCriticalSection.h"
+#include "support/CLogger.h"
+#include "support/LogScope.h"
+#include "support/Status.h"
+#include "vendor/IniAccess.h"
+
+#include <new>
+
+CMarvelEventManager* CMarvelEventManager::m_pMarvelEvtMgrInstance = nullptr;
+unsigned int CMarvelEventManager::m_PrevEventSeqNum = 0;
+
+CMarvelEventManager* CMarvelEventManager::getUniqueInstance()
+{
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::getUniqueInstance()");
+    if (m_pMarvelEvtMgrInstance == nullptr) {
+        const CCriticalSection lock;
+        if (m_pMarvelEvtMgrInstance == nullptr) {
+            try {
+                m_pMarvelEvtMgrInstance = new CMarvelEventManager;
+            } catch (const std::bad_alloc& failure) {
+                stg::lout << "ZARNEK:CCommandHandler::getUniqueInstance(): " // names the command handler
+                          << "Failed to allocate Memory. " << failure.what() << '\n';
+            }
+        }
+    }
+    return m_pMarvelEvtMgrInstance;
+}
+
+short CMarvelEventManager::destroyMe()
+{
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::destroyMe()");
+    delete m_pMarvelEvtMgrInstance;
+    m_pMarvelEvtMgrInstance = nullptr;
+    return stg::STATUS_SUCCESS;
+}
+
+CMarvelEventManager::CMarvelEventManager()
+{
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::CMarvelEventManager()");
+}
+
+CMarvelEventManager::CMarvelEventManager(const CMarvelEventManager& /*other*/) : IEventManager() {}
+
+CMarvelEventManager& CMarvelEventManager::operator=(const CMarvelEventManager& /*other*/)
+{
+    return *this;
+}
+
+CMarvelEventManager::~CMarvelEventManager()
+{
+    static constexpr char LABEL[] = "ZARNEK:CMarvelEventManager::~CMarvelEventManager()";
+    const stg::LogScope scope(LABEL);
+
+    destroyAllThread();
+    m_pLilObj = nullptr;
+    const unsigned int number = CMarvelEvtObserver::m_CurEventSeqNum;
+    if (m_PrevEventSeqNum < number) {
+        const int status = stg::writeToIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION,
+                                                         stg::SEQUENCE_KEY, number);
+        if (static_cast<short>(status) == stg::STATUS_SUCCESS && number != stg::NUMBER_UNKNOWN)
+            stg::lout << LABEL << ": " << stg::ALERT_MAPPING_FILE
+                      << " File has been modified with the new Event Sequence Number: " << number << '\n';
+    }
+    CMarvelEvtObserver::destroyMe();
+}
+
+void CMarvelEventManager::setLilObjPtr()
+{
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::setLilObjPtr()");
+    if (const CMarvelSubSystemMgr* const manager = CMarvelSubSystemMgr::getUniqueInstance())
+        m_pLilObj = manager->getLilPtr();
+}
+
+void CMarvelEventManager::doEvtMgrSpecificOperation()
+{
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::doEvtMgrSpecificOperation()");
+    m_PrevEventSeqNum = static_cast<unsigned int>(
+        stg::readFromIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION, stg::SEQUENCE_KEY));
+    stg::lout << "ZARNEK:CMarvelEventManager::CMarvelEventManager(): " // names the constructor
+              << "Previous Marvel Event Sequence Number: " << m_PrevEventSeqNum << '\n';
+}
+
+short CMarvelEventManager::createEventSubject(IEvtSubject*& subject)
+{
+    static constexpr char LABEL[] = "ZARNEK:CMarvelEventManager::createEventSubject()";
+    const stg::LogScope scope(LABEL);
+
+    subject = new (std::nothrow) CMarvelEvtSubject(m_CntrlIdList);
+    if (subject == nullptr) {
+        stg::lout << LABEL << ": "
+                  << "Failed to instantiate Event Subject." << '\n';
+        return stg::STATUS_FAILURE;
+    }
+    stg::lout << LABEL << ": "
+              << "Event Subject has been instantiated successfully. "
+              << "Event Subject ID: " << subject->getSubjectID() << '\n';
+    return stg::STATUS_SUCCESS;
+}
+
+short CMarvelEventManager::createEventObserver(IEvtSubject* subject, short (*callback)(ICommand&))
+{
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::createEventObserver()");
+    m_pObserver = CMarvelEvtObserver::getUniqueInstance();
+    if (m_pObserver == nullptr)
+        return stg::STATUS_FAILURE;
+    m_pObserver->getAssociatedWith(subject, callback);
+    return stg::STATUS_SUCCESS;
+}
