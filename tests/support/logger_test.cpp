@@ -1,0 +1,154 @@
+#include "common/PluginTest.h"
+#include "morlan/morlan_inspect.h"
+#include "support/CCriticalSection.h"
+#include "support/CLogger.h"
+#include "support/LogScope.h"
+#include "support/TextTools.h"
+
+#include <stdexcept>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+class LoggerTest : public PluginTest
+{
+  protected:
+    stg::CLogger m_logger;
+};
+
+TEST_F(LoggerTest, ComposesALineFromEveryOperand)
+{
+    m_logger << "text " << std::string("string ") << std::wstring(L"wide\x141 ") << -5 << ' '
+             << static_cast<short>(-6) << ' ' << 4294967295U << ' ' << static_cast<unsigned short>(65535)
+             << ' ' << 7UL << ' ' << 18446744073709551615ULL << ' ' << true << false << ' '
+             << static_cast<unsigned char>(8) << "|" << '\n';
+    EXPECT_THAT(log(),
+                ElementsAre("text string wide\x41 -5 -6 4294967295 65535 7 18446744073709551615 10 \x08|"));
+}
+
+TEST_F(LoggerTest, LineEndsAndDirectWrites)
+{
+    m_logger << '\n'; // an empty line is not written
+    m_logger << "line feed\nin a text" << '\n';
+    m_logger << "lost";
+    m_logger.writeLog("written at once");
+    m_logger << '\n';
+    m_logger.writeLog("");
+    EXPECT_THAT(log(), ElementsAre("line feed\nin a text", "written at once", ""));
+}
+
+TEST_F(LoggerTest, EmitsTheBufferAtItsLimit)
+{
+    const std::string almost(stg::CLogger::BUFFER_LIMIT - 1, 'x');
+    m_logger << almost;
+    EXPECT_THAT(log(), IsEmpty());
+    m_logger << 'y' << "rest" << '\n';
+    EXPECT_THAT(log(), ElementsAre(almost + 'y', "rest"));
+}
+
+TEST_F(LoggerTest, FramesABodyButNotOneLeftByAnException)
+{
+    {
+        const stg::LogScope frame("outer", "other");
+        stg::LogScope skipped("inner");
+        skipped.skipExit();
+    }
+    EXPECT_THROW(
+        {
+            const stg::LogScope frame("thrower");
+            throw std::runtime_error("out");
+        },
+        std::runtime_error);
+    EXPECT_THAT(log(), ElementsAre("outer ENTRY ", "inner ENTRY ", "other EXIT ", "thrower ENTRY "));
+}
+
+using CriticalSectionTest = PluginTest;
+
+TEST_F(CriticalSectionTest, MakesTheMutexOnceAndAgainAfterItsEnd)
+{
+    {
+        const CCriticalSection first;
+    }
+    {
+        const CCriticalSection second;
+    }
+    EXPECT_EQ(morlan_call_count("SMMutexCreate"), 1U);
+    EXPECT_EQ(morlan_call_count("SMMutexLock"), 2U);
+    EXPECT_EQ(morlan_call_count("SMMutexUnLock"), 2U);
+    EXPECT_THAT(
+        log(), ElementsAre("ZARNEK:CCriticalSection::createMutex(): ZARNEK Mutex got created successfully."));
+
+    CCriticalSection::destroyMutex();
+    EXPECT_FALSE(CCriticalSection::isZarnekMutex);
+    EXPECT_EQ(morlan_live_mutexes(), 0U);
+    {
+        const CCriticalSection third;
+    }
+    EXPECT_EQ(morlan_call_count("SMMutexCreate"), 2U);
+}
+
+TEST_F(CriticalSectionTest, TriesAgainAfterAFailedCreation)
+{
+    CCriticalSection::isZarnekMutex = false;
+    morlan_fail_call("SMMutexCreate", 1, 1, 1);
+    {
+        const CCriticalSection failed;
+    }
+    EXPECT_FALSE(CCriticalSection::isZarnekMutex);
+    EXPECT_THAT(log(), IsEmpty());
+    {
+        const CCriticalSection made;
+    }
+    EXPECT_TRUE(CCriticalSection::isZarnekMutex);
+}
+
+TEST(TextToolsTest, TrimsBlanksThenTabsOnceEach)
+{
+    struct Case {
+        std::string text, trimmed;
+    };
+    for (const Case& c :
+         {Case{"  x y  ", "x y"}, Case{"\tx\t", "x"}, Case{"\t x", " x"}, Case{" \tx\t ", "x"},
+          Case{"   ", ""}, Case{" \t ", ""}, Case{"", ""}, Case{"\r\n", "\r\n"}}) {
+        std::string text = c.text;
+        EXPECT_EQ(stg::removeBeginingAndTrailingSpaces(text), c.trimmed);
+        EXPECT_EQ(text, c.trimmed) << "in place";
+        std::wstring wide = stg::convertToWString(c.text);
+        EXPECT_EQ(stg::convertToString(stg::removeBeginingAndTrailingSpaces(wide)), c.trimmed);
+    }
+}
+
+TEST(TextToolsTest, RemovesSpacesAndUnicodeAndConverts)
+{
+    std::string spaced = " a\tb \r\nc\v\f";
+    EXPECT_EQ(stg::removeAllSpaces(spaced), "abc");
+    std::wstring wideSpaced = L" a\tb ";
+    EXPECT_EQ(stg::removeAllSpaces(wideSpaced), L"ab");
+    std::string bytes = "a\x80z\xff";
+    EXPECT_EQ(stg::stripUnicode(bytes), "az");
+    EXPECT_EQ(bytes, "az");
+    EXPECT_EQ(stg::convertToString(L"\x0141\x00ff"), "\x41\xff");
+    EXPECT_EQ(stg::convertToWString("\xff")[0], static_cast<wchar_t>(-1));
+}
+
+TEST(TextToolsTest, ReadsNumbersAsA32BitLibraryDoes)
+{
+    struct Case {
+        const char* text;
+        unsigned int asUnsigned;
+        int asSigned;
+    };
+    for (const Case& c :
+         {Case{"9", 9, 9}, Case{"", 0, 0}, Case{"x", 0, 0}, Case{"12x", 12, 12},
+          Case{"4294967295", 0xFFFFFFFFU, 0x7FFFFFFF}, Case{"4294967305", 0xFFFFFFFFU, 0x7FFFFFFF},
+          Case{"-1", 0xFFFFFFFFU, -1}, Case{"-5", 4294967291U, -5},
+          Case{"99999999999999999999", 0xFFFFFFFFU, 0x7FFFFFFF}}) {
+        EXPECT_EQ(stg::toUnsigned32(c.text), c.asUnsigned) << c.text;
+        EXPECT_EQ(stg::toSigned32(c.text), c.asSigned) << c.text;
+    }
+}
+
+} // namespace
