@@ -61,7 +61,8 @@ std::vector<Patch> patchRecord(const Json& patches, const std::string& place, Re
         if (offset < start || offset + bytes.size() > sizeof(Record)) {
             throw FormatError(
                 here, "bytes within " + std::to_string(start) + " to " + std::to_string(sizeof(Record) - 1),
-                std::to_string(offset) + " to " + std::to_string(offset + bytes.size()));
+                std::to_string(offset) + " to " +
+                    std::to_string(offset + std::max<std::size_t>(bytes.size(), 1) - 1));
         }
         std::memcpy(reinterpret_cast<unsigned char*>(&record) + offset, bytes.data(), bytes.size());
         done.push_back({offset, offset + bytes.size()});
@@ -83,16 +84,6 @@ bool anyCovers(const std::vector<Patch>& patches, std::size_t offset)
 }
 
 } // namespace
-
-void readPresence(StrictObject& object, bool& present)
-{
-    const bool gone = object.flag("gone").value_or(false);
-    const bool back = object.flag("back").value_or(false);
-    if (gone && back) {
-        throw FormatError(object.place(), "one of \"gone\" and \"back\"", "both");
-    }
-    present = back || (present && !gone);
-}
 
 void readDisk(StrictObject& object, Disk& disk)
 {
@@ -127,7 +118,6 @@ void readDisk(StrictObject& object, Disk& disk)
     if (const auto value = object.kilobytes("free")) {
         disk.freeSpace.Answer.FreeSizeKB = *value;
     }
-    readPresence(object, disk.present);
     if (const Json* raw = object.find("raw")) {
         StrictObject records(*raw, object.place("raw"));
         patchMember(records, "info", disk.info);
@@ -159,7 +149,6 @@ void readVirtualDisk(StrictObject& object, VirtualDisk& drive)
     if (const auto value = object.kilobytes("size")) {
         drive.info.SizeKB = *value;
     }
-    readPresence(object, drive.present);
     if (const Json* raw = object.find("raw")) {
         StrictObject records(*raw, object.place("raw"));
         patchMember(records, "info", drive.info);

@@ -10,15 +10,12 @@
 namespace mvsim
 {
 
-// The id is read by the caller, who has to know which device is meant.
+// The id is read by the caller, who has to know which device is meant, and so is whether it is there.
 void readDisk(StrictObject& object, Disk& disk);
 void readVirtualDisk(StrictObject& object, VirtualDisk& drive);
 // Without the lists of devices and the rules of calls.
 void readAdapter(StrictObject& object, Adapter& adapter);
 PendingEvent readEvent(StrictObject& object);
-
-// "gone" and "back" of a device.
-void readPresence(StrictObject& object, bool& present);
 
 } // namespace mvsim
 

@@ -66,10 +66,13 @@ void compareDisk(std::uint8_t before, const SeenDisk& disk, EventList& events)
         events.addDisk(kSpareAssigned, disk);
     } else if (now == kDiskInArray) {
         events.addDisk(before == kDiskSpare ? kSpareActivated : kDiskOnline, disk);
-    } else {
-        // It was taken out of an array.
-        events.add(MV_EVENT_CONTROLLER, kControllerConfigChanged, 0);
     }
+}
+
+// Whether a disk was taken out of an array.
+bool wasReleased(std::uint8_t before, const SeenDisk& disk)
+{
+    return before != kDiskReady && disk.device.raidStatus.RaidStatusFlags == kDiskReady;
 }
 
 // Serves all its data from all its disks.
@@ -133,6 +136,7 @@ void compareProgress(const SeenArray& before, const SeenArray& now, EventList& e
 std::vector<PendingEvent> changesBetween(const SeenMachine& before, const SeenMachine& after)
 {
     EventList events;
+    bool released = false;
     for (const SeenDisk& disk : before.disks) {
         if (find(after.disks, disk) == nullptr) {
             events.addDisk(kDiskRemoved, disk);
@@ -143,7 +147,9 @@ std::vector<PendingEvent> changesBetween(const SeenMachine& before, const SeenMa
         if (known == nullptr) {
             events.addDisk(kDiskInserted, disk);
         }
-        compareDisk(known != nullptr ? known->device.raidStatus.RaidStatusFlags : kDiskReady, disk, events);
+        const std::uint8_t status = known != nullptr ? known->device.raidStatus.RaidStatusFlags : kDiskReady;
+        compareDisk(status, disk, events);
+        released = released || wasReleased(status, disk);
     }
     for (const SeenArray& array : before.arrays) {
         if (find(after.arrays, array) == nullptr) {
@@ -159,6 +165,9 @@ std::vector<PendingEvent> changesBetween(const SeenMachine& before, const SeenMa
         if (known != nullptr) {
             compareProgress(*known, array, events);
         }
+    }
+    if (released) {
+        events.add(MV_EVENT_CONTROLLER, kControllerConfigChanged, 0);
     }
     return events.take();
 }

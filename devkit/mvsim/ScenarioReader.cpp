@@ -16,7 +16,6 @@ namespace
 
 constexpr unsigned int kFormat = 1;
 constexpr std::size_t kMostAdapters = 255; // the count is read from one byte
-constexpr std::uint16_t kMostRepeats = 65535;
 
 std::uint16_t idOf(const Disk& disk)
 {
@@ -102,6 +101,7 @@ template <class Device>
 void addDevices(StrictObject& object, std::uint16_t id, const Device& model, std::vector<Device>& devices)
 {
     const std::uint16_t repeats = object.number<std::uint16_t>("repeat", 1).value_or(1);
+    const bool gone = object.flag("gone").value_or(false);
     object.finish();
     for (std::size_t i = 0; i < repeats; ++i) {
         const std::uint16_t nextId = counted(id, i, object.place("id"));
@@ -109,6 +109,7 @@ void addDevices(StrictObject& object, std::uint16_t id, const Device& model, std
             throw FormatError(object.place("id"), "an id that no other device has", std::to_string(nextId));
         }
         Device device = model;
+        device.present = !gone;
         setNumbers(device, nextId, counted(numberOf(model), i, object.place(numberKey(model))));
         devices.push_back(device);
         checkNumber(devices, devices.back(), object);
@@ -185,6 +186,12 @@ Device& changedDevice(StrictObject& object, std::vector<Device>& devices)
     if (device == nullptr) {
         throw FormatError(object.place("id"), "the id of a device of the adapter", std::to_string(id));
     }
+    const bool gone = object.flag("gone").value_or(false);
+    const bool back = object.flag("back").value_or(false);
+    if (gone && back) {
+        throw FormatError(object.place(), "one of \"gone\" and \"back\"", "both");
+    }
+    device->present = back || (device->present && !gone);
     return *device;
 }
 

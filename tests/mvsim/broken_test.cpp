@@ -1,0 +1,49 @@
+// Scenarios that must not load: every file of the folder has its message in the table beside it.
+#include "mvsim/SimTest.h"
+
+#include <map>
+
+namespace
+{
+
+class BrokenTest : public SimTest
+{
+};
+
+TEST_F(BrokenTest, EachFileHasItsMessage)
+{
+    const std::filesystem::path folder = BROKEN_FOLDER;
+    std::map<std::string, std::string> expected;
+    std::ifstream table(folder / "messages.txt");
+    for (std::string line; std::getline(table, line);) {
+        const std::size_t colon = line.find(": ");
+        ASSERT_NE(colon, std::string::npos) << line;
+        expected[line.substr(0, colon)] = line.substr(colon + 2);
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".json") {
+            const std::string name = entry.path().filename().string();
+            EXPECT_EQ(tryLoad(entry.path().string()), entry.path().string() + ": " + expected[name]);
+            expected.erase(name);
+        }
+    }
+    for (const auto& [name, message] : expected) {
+        ADD_FAILURE() << name << " is in the table only";
+    }
+    EXPECT_EQ(MV_Adapter_GetCount(), 0U);
+}
+
+// A text cut anywhere is an error with a place, never a crash and never a success.
+TEST_F(BrokenTest, CutFilesNeverLoad)
+{
+    std::ifstream file(std::string(PROJECT_FOLDER) + "/scenarios/disk-failure.json");
+    const std::string whole{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_GT(whole.size(), 1000U);
+    for (std::size_t size = 0; size < whole.find_last_of('}'); size += 37) {
+        m_folder.write("cut.json", whole.substr(0, size));
+        EXPECT_THAT(tryLoad(m_folder.path("cut.json")),
+                    testing::ContainsRegex("cut.json: [0-9]+:[0-9]+: expected valid JSON, found "));
+    }
+}
+
+} // namespace

@@ -1,0 +1,187 @@
+// What changes by polls, and how events get through.
+#include "mvsim/SimTest.h"
+
+namespace
+{
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TimelineTest : public SimTest
+{
+  protected:
+    // Ids of the disks that the list shows.
+    static std::vector<unsigned int> disks(unsigned char adapter = 0)
+    {
+        const Answer answer = list(&MV_PD_GetHDInfo_Ext, 20, adapter);
+        std::vector<unsigned int> ids;
+        for (unsigned int i = 0; i < answer.returned; ++i) {
+            ids.push_back(answer.word(i * 248 + 0x24));
+        }
+        return ids;
+    }
+    static unsigned int configStatus()
+    {
+        _Adapter_Config_V2 config{};
+        return MV_Adapter_GetConfig(0, nullptr, &config);
+    }
+};
+
+TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
+{
+    loadAdapter(R"("disks": [{"id": 1, "slot": 0, "model": "OLD", "raidStatus": "online"},
+                             {"id": 2, "slot": 1, "raidStatus": "ready"},
+                             {"id": 3, "slot": 0, "gone": true, "model": "NEW"}],
+                   "virtualDisks": [{"id": 5, "name": "DATA"}])",
+                R"("timeline": [
+        {"poll": 4, "disks": [{"id": 3, "back": true}]},
+        {"poll": 2, "disks": [{"id": 1, "raidStatus": "failed"}],
+                    "virtualDisks": [{"id": 5, "status": "degraded", "members": [1, 2]}], "controller": {"rebuildRate": 9}},
+        {"poll": 3, "disks": [{"id": 1, "gone": true}]},
+        {"poll": 6, "virtualDisks": [{"id": 5, "gone": true}], "disks": [{"id": 3, "slot": 1}, {"id": 2, "slot": 0}]}])");
+    EXPECT_EQ(mvsim_last_poll(), 6U);
+    poll();
+    EXPECT_EQ(diskFlags(1), 2U);
+    poll();
+    EXPECT_EQ(diskFlags(1), 8U);
+    const Answer drive = list(&MV_LD_GetInfo);
+    EXPECT_EQ(drive.entries[0x02], 1);
+    EXPECT_EQ(drive.entries[0x20], 'D') << "what a step does not name stays";
+    _Adapter_Config_V2 config{};
+    EXPECT_EQ(MV_Adapter_GetConfig(0, nullptr, &config), 0U);
+    EXPECT_EQ(config.RebuildRate, 9);
+    poll();
+    EXPECT_THAT(disks(), ElementsAre(2));
+    EXPECT_EQ(diskFlags(1), 0x105U);
+    poll();
+    EXPECT_THAT(disks(), ElementsAre(2, 3));
+    poll();
+    _Adapter_Info info{};
+    EXPECT_EQ(MV_Adapter_GetInfo(0, nullptr, &info), 0U);
+    EXPECT_EQ(info.PDCount, 2);
+    EXPECT_EQ(info.VDCount, 1);
+    poll();
+    EXPECT_EQ(list(&MV_LD_GetInfo).returned, 0U);
+    EXPECT_EQ(list(&MV_PD_GetConfig).word(0x06), 0U) << "the two have changed places";
+    EXPECT_EQ(list(&MV_PD_GetConfig).word(0x0e), 1U);
+    EXPECT_EQ(mvsim_polls(), 6U);
+}
+
+TEST_F(TimelineTest, EveryAdapterCountsItsOwnPolls)
+{
+    load(R"({"format": 1, "name": "", "sequence": 10,
+        "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64, "disks": [{"id": 4, "slot": 4}]}],
+        "timeline": [{"poll": 2, "adapter": 1, "disks": [{"id": 4, "gone": true}], "events": [{"class": 2, "code": 7}]},
+                     {"poll": 1, "events": [{"class": 0, "code": 8}]}]})");
+    EXPECT_THAT(poll(1), IsEmpty());
+    EXPECT_EQ(mvsim_polls(), 0U);
+    EXPECT_THAT(poll(0), ElementsAre("0/8/0#11"));
+    EXPECT_THAT(poll(0), IsEmpty());
+    EXPECT_THAT(disks(1), ElementsAre(4));
+    EXPECT_THAT(poll(1), ElementsAre("2/7/0#12")) << "the numbers run over all adapters";
+    EXPECT_THAT(disks(1), IsEmpty());
+    EXPECT_EQ(mvsim_polls(), 2U);
+}
+
+TEST_F(TimelineTest, EventsBeyondFiftyWait)
+{
+    const char* const burst =
+        R"("timeline": [{"poll": 1, "events": [{"code": "diskFailed", "device": 3, "repeat": 70}]},
+                        {"poll": 2, "events": [{"code": "virtualDiskDegraded", "device": 1, "repeat": 35}]}])";
+    loadAdapter("", burst);
+    EXPECT_EQ(poll().size(), 50U);
+    const auto second = poll();
+    ASSERT_EQ(second.size(), 50U);
+    EXPECT_EQ(second[19], "2/201/3#70") << "older events go first";
+    EXPECT_EQ(second[20], "1/103/1#71");
+    EXPECT_EQ(poll().back(), "1/103/1#105");
+    EXPECT_THAT(poll(), IsEmpty());
+
+    loadAdapter("", burst);
+    EXPECT_EQ(poll(0, 7).size(), 7U) << "never more than the caller has room for";
+    EXPECT_EQ(poll(0, 0).size(), 0U);
+    EXPECT_EQ(poll(0, 1), std::vector<std::string>{"2/201/3#8"});
+    EXPECT_EQ(MV_EVT_FlushEvent(0), 0U);
+    EXPECT_THAT(poll(), IsEmpty());
+}
+
+TEST_F(TimelineTest, SequenceNumbers)
+{
+    const std::string timeline = R"("timeline": [
+        {"poll": 1, "events": [{"code": 1, "class": 0}, {"code": 2, "class": 0, "sequence": 900}, {"code": 3, "class": 0}]},
+        {"poll": 2, "events": [{"code": 4, "class": 0}]}, {"poll": 3, "events": [{"code": 5, "class": 0}]}])";
+    loadAdapter("", timeline);
+    EXPECT_THAT(poll(), ElementsAre("0/1/0#1", "0/2/0#900", "0/3/0#2"));
+    mvsim_set_sequence_base(500);
+    EXPECT_THAT(poll(), ElementsAre("0/4/0#501"));
+    mvsim_set_sequence_base(0);
+    EXPECT_THAT(poll(), ElementsAre("0/5/0#502")) << "the numbers never go back";
+
+    mvsim_set_sequence_base(40);
+    loadAdapter("", R"("sequence": 30, )" + timeline);
+    EXPECT_THAT(poll(), ElementsAre("0/1/0#41", "0/2/0#900", "0/3/0#42")) << "the base survives loading";
+    loadAdapter("", R"("sequence": 50, )" + timeline);
+    EXPECT_THAT(poll(), ElementsAre("0/1/0#51", "0/2/0#900", "0/3/0#52"));
+}
+
+TEST_F(TimelineTest, RulesComeAndGo)
+{
+    loadAdapter(
+        R"("fail": {"MV_Adapter_GetConfig": {"status": 9, "polls": 1}}, "disks": [{"id": 1, "slot": 0}])",
+        R"("timeline": [
+        {"poll": 2, "fail": {"MV_EVT_GetEvent": {"status": 187, "polls": 2}, "MV_Adapter_GetConfig": 5},
+                    "answers": {"MV_PD_GetHDInfo_Ext": {"count": 0}},
+                    "events": [{"code": "controllerWarning"}]},
+        {"poll": 5, "fail": {"MV_Adapter_GetConfig": {"status": 6, "from": 2}}, "answers": {"MV_PD_GetHDInfo_Ext": {}}},
+        {"poll": 6, "fail": {"MV_Adapter_GetConfig": 0}},
+        {"poll": 7, "fail": {"MV_LD_GetInfo": {"status": 1, "polls": 3}}}])");
+    EXPECT_EQ(mvsim_last_poll(), 10U) << "the end of the last failure counts";
+    EXPECT_EQ(configStatus(), 9U);
+    poll();
+    EXPECT_EQ(configStatus(), 9U);
+
+    std::array<_Event, 50> events{};
+    unsigned int count = 77;
+    EXPECT_EQ(MV_EVT_GetEvent(0, 50, &count, events.data()), 187U);
+    EXPECT_EQ(configStatus(), 5U);
+    EXPECT_THAT(disks(), IsEmpty());
+    EXPECT_EQ(MV_EVT_GetEvent(0, 50, &count, events.data()), 187U);
+    EXPECT_EQ(count, 77U);
+    EXPECT_EQ(mvsim_polls(), 3U) << "a failed poll is one all the same";
+    EXPECT_THAT(poll(), ElementsAre("0/1/0#1")) << "the event waited";
+    EXPECT_EQ(configStatus(), 5U);
+    poll();
+    EXPECT_THAT(disks(), ElementsAre(1));
+    EXPECT_EQ(configStatus(), 0U) << "the first call under the new rule";
+    EXPECT_EQ(configStatus(), 6U);
+    poll();
+    EXPECT_EQ(configStatus(), 0U);
+}
+
+TEST_F(TimelineTest, EventSinkSeesWhatIsDelivered)
+{
+    load(
+        R"({"format": 1, "name": "", "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64}],
+        "timeline": [{"poll": 1, "adapter": 1, "events": [{"class": 2, "code": 7, "device": 12},
+                                                          {"class": 9, "code": 8, "sequence": 4294967295}]}]})");
+    struct Seen {
+        std::vector<std::array<unsigned int, 5>> events;
+        unsigned int lastPoll = 0;
+    } seen;
+    mvsim_set_event_sink(
+        [](void* context, const mvsim_event* event) {
+            auto* self = static_cast<Seen*>(context);
+            self->events.push_back(
+                {event->adapter, event->event_class, event->code, event->device, event->sequence});
+            self->lastPoll = mvsim_last_poll(); // a sink may ask
+        },
+        &seen);
+    EXPECT_EQ(poll(1, 1).size(), 1U);
+    EXPECT_EQ(seen.events.size(), 1U) << "not yet what waits";
+    poll(1);
+    EXPECT_THAT(seen.events, ElementsAre(std::array<unsigned int, 5>{1, 2, 7, 12, 1},
+                                         std::array<unsigned int, 5>{1, 9, 8, 0, 4294967295U}));
+    EXPECT_EQ(seen.lastPoll, 1U);
+}
+
+} // namespace
