@@ -24,15 +24,17 @@ void Columns::print(std::ostream& out, const Style& style) const
     }
     for (const Line& line : m_lines) {
         out << padded(line.prefix, prefixWidth);
-        for (std::size_t index = 0; index < line.cells.size(); ++index) {
+        std::size_t shown = line.cells.size();
+        while (shown > 0 && line.cells[shown - 1].text.empty()) // no blanks at the end of a line
+            --shown;
+        for (std::size_t index = 0; index < shown; ++index) {
             const Cell& cell = line.cells[index];
             const std::string blanks(widths[index] - displayWidth(cell.text), ' ');
-            const bool last = index + 1 == line.cells.size();
             if (index != 0)
                 out << "  ";
             out << (cell.alignRight ? blanks : "")
                 << (cell.hasHealth ? style.coloured(cell.text, cell.health) : cell.text)
-                << (cell.alignRight || last ? "" : blanks);
+                << (cell.alignRight || index + 1 == shown ? "" : blanks);
         }
         out << '\n';
     }

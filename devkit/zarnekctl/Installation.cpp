@@ -32,7 +32,10 @@ std::optional<fs::path> firstFile(const std::vector<fs::path>& candidates)
 
 } // namespace
 
-Installation::Installation(const fs::path& executable) : m_folder(executable.parent_path()) {}
+Installation::Installation(const fs::path& executable)
+    : m_folder(executable.parent_path()), m_prefix(m_folder.parent_path())
+{
+}
 
 Installation Installation::ofThisProgram()
 {
@@ -45,9 +48,8 @@ Installation Installation::ofThisProgram()
 
 fs::path Installation::plugin() const
 {
-    const auto found =
-        firstFile({m_folder / ".." / "lib" / pluginName,
-                   m_folder / ".." / ZARNEKCTL_INSTALL_LIBDIR / pluginName, m_folder / pluginName});
+    const auto found = firstFile({m_prefix / "lib" / pluginName,
+                                  m_prefix / ZARNEKCTL_INSTALL_LIBDIR / pluginName, m_folder / pluginName});
     if (!found)
         throw Failure(ExitStatus::BadInput, std::string("no ") + pluginName + " beside " + m_folder.string() +
                                                 "; build it, or name the file with --plugin");
@@ -56,8 +58,8 @@ fs::path Installation::plugin() const
 
 fs::path Installation::shippedConfig(const std::string& name) const
 {
-    const auto found = firstFile({m_folder / ".." / "share" / "zarnek" / "config" / name,
-                                  fs::path(ZARNEKCTL_SOURCE_DIR) / "config" / name});
+    const auto found = firstFile(
+        {m_prefix / "share" / "zarnek" / "config" / name, fs::path(ZARNEKCTL_SOURCE_DIR) / "config" / name});
     if (!found)
         throw Failure(ExitStatus::BadInput,
                       "the shipped " + name +
@@ -69,7 +71,7 @@ std::optional<fs::path> Installation::shippedScenario(const std::string& name) c
 {
     std::vector<fs::path> candidates;
     for (const std::string& file : {name, name + ".json"}) {
-        candidates.push_back(m_folder / ".." / "share" / "zarnek" / "scenarios" / file);
+        candidates.push_back(m_prefix / "share" / "zarnek" / "scenarios" / file);
         candidates.push_back(fs::path(ZARNEKCTL_SOURCE_DIR) / "scenarios" / file);
     }
     return firstFile(candidates);

@@ -26,6 +26,7 @@ class Installation
 
   private:
     std::filesystem::path m_folder; // of the executable
+    std::filesystem::path m_prefix; // the folder above it
 };
 
 } // namespace zarnekctl

@@ -159,7 +159,7 @@ void MappingCheck::checkDuplicate(const Line& line)
     const auto [first, isNew] = m_firstLines.try_emplace({line.section, line.key}, line.number);
     if (!isNew)
         add(line.number, Effect::Surprise,
-            "the key \"" + line.key + "\" stands in this section already; line " +
+            "the key \"" + line.key + "\" stands in this section already, and line " +
                 std::to_string(first->second) + " counts",
             "delete one of the two");
 }

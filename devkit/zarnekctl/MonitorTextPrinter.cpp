@@ -1,10 +1,12 @@
 #include "zarnekctl/MonitorTextPrinter.h"
 
+#include "sdo.h"
 #include "zarnekctl/AlertTable.h"
 #include "zarnekctl/MappingFile.h"
 #include "zarnekctl/PropertyTable.h"
 #include "zarnekctl/Text.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 
@@ -40,6 +42,28 @@ std::string side(const std::optional<Property>& property, ObjectKind kind, const
     return property ? describe(*property, kind, !style.utf8) : "nothing";
 }
 
+// "state online -> failed"; where the words cannot tell the difference, the numbers do.
+std::string changeText(const PropertyChange& change, ObjectKind kind, const Style& style)
+{
+    std::string before = side(change.before, kind, style);
+    std::string after = side(change.after, kind, style);
+    if (before == after && change.before && change.after) {
+        const auto* old = std::get_if<std::uint64_t>(&change.before->value);
+        const auto* fresh = std::get_if<std::uint64_t>(&change.after->value);
+        if (old != nullptr && fresh != nullptr) {
+            before = std::to_string(*old);
+            after = std::to_string(*fresh);
+        }
+    }
+    return propertyLabel(change.id) + " " + before + " " + style.arrow() + " " + after;
+}
+
+// State and status ahead of all else.
+bool isCondition(const PropertyChange& change)
+{
+    return change.id == SSPROP_STATE_U32 || change.id == SSPROP_STATUS_U32;
+}
+
 // How the object is now, where the change says so.
 Health healthAfter(const Refresh& refresh)
 {
@@ -52,7 +76,7 @@ void MonitorTextPrinter::start(const MonitorStart& start)
 {
     m_out << "monitoring " << counted(start.controllers, "controller") << ", " << counted(start.disks, "disk")
           << ", " << counted(start.virtualDisks, "virtual disk") << " ("
-          << escaped(start.source, !m_style.utf8) << "); a poll each " << shortNumber(start.interval)
+          << escaped(start.source, !m_style.utf8) << "); a poll every " << shortNumber(start.interval)
           << " s, " << (start.polls == 0 ? std::string("until Ctrl-C") : counted(start.polls, "poll")) << '\n'
           << std::flush;
 }
@@ -76,11 +100,11 @@ void MonitorTextPrinter::refresh(const Refresh& refresh)
     m_out << indent << object.fullName() << ": ";
     switch (refresh.kind) {
     case RefreshKind::Changed: {
+        auto changes = refresh.changes;
+        std::stable_partition(changes.begin(), changes.end(), isCondition);
         std::string text;
-        for (const PropertyChange& change : refresh.changes)
-            text += (text.empty() ? "" : ", ") + propertyLabel(change.id) + " " +
-                    side(change.before, object.kind(), m_style) + " " + m_style.arrow() + " " +
-                    side(change.after, object.kind(), m_style);
+        for (const PropertyChange& change : changes)
+            text += (text.empty() ? "" : ", ") + changeText(change, object.kind(), m_style);
         m_out << m_style.coloured(text, healthAfter(refresh));
         break;
     }

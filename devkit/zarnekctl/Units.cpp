@@ -16,9 +16,12 @@ std::uint64_t rounded(std::uint64_t value, std::uint64_t divisor)
 // `scaled` has `decimals` digits behind the point.
 std::string decimalText(std::uint64_t scaled, int decimals)
 {
+    const auto behind = static_cast<std::size_t>(decimals);
     std::string text = std::to_string(scaled);
-    if (decimals > 0)
-        text.insert(text.size() - static_cast<std::size_t>(decimals), ".");
+    if (text.size() <= behind)
+        text.insert(0, behind + 1 - text.size(), '0');
+    if (behind > 0)
+        text.insert(text.size() - behind, ".");
     return text;
 }
 
