@@ -33,10 +33,12 @@ class TempFolder
     {
         std::ofstream(path(name), std::ios::binary) << content;
     }
-    std::string read(const std::string& name) const
+    std::string read(const std::string& name) const { return readFile(path(name)); }
+    // Any file's content.
+    static std::string readFile(const std::string& file)
     {
-        std::ifstream file(path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        std::ifstream stream(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
     }
     std::size_t entries() const
     {

@@ -1,0 +1,178 @@
+#include "system/Engine.h"
+
+#include "morlan/morlan_inspect.h"
+#include "mvsim/mvsim_control.h"
+#include "ral/ral_inspect.h"
+
+#include <sdo.h>
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cstring>
+#include <ctime>
+#include <thread>
+
+namespace
+{
+
+std::atomic<unsigned int> g_sleeps{0};
+std::atomic<unsigned int> g_wakes{0};
+
+unsigned int numberOf(const void* object, unsigned int wanted)
+{
+    unsigned short id = 0;
+    unsigned char type = 0;
+    const void* value = nullptr;
+    unsigned int size = 0;
+    unsigned int number = 0;
+    for (unsigned int index = 0; morlan_sdo_property_at(object, index, &id, &type, &value, &size) == 0;
+         ++index) {
+        if (id == wanted && size == sizeof number)
+            std::memcpy(&number, value, sizeof number);
+    }
+    return number;
+}
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) unsigned int sleep(unsigned int seconds)
+{
+    const unsigned int wakes = g_wakes;
+    ++g_sleeps;
+    // In short pieces, so that wakeSleepers is seen; a signal ends it as it ends the C library's.
+    const timespec piece{0, 1000000};
+    for (unsigned int piecesLeft = seconds * 1000; piecesLeft > 0 && wakes == g_wakes; --piecesLeft) {
+        if (nanosleep(&piece, nullptr) != 0)
+            break;
+    }
+    return 0;
+}
+
+unsigned int sleepsEntered()
+{
+    return g_sleeps;
+}
+
+void wakeSleepers()
+{
+    ++g_wakes;
+}
+
+Engine::Engine()
+{
+    morlan_reset();
+    ral_reset();
+    mvsim_reset();
+    morlan_set_install_path(m_folder.path().c_str());
+    morlan_set_private_ini(m_folder.path("private.ini").c_str());
+    morlan_set_debug_sink(LineLog::sink, &m_log);
+    ral_set_notification_sink(onNotification, this);
+    nameVendorLibrary("libmvsim");
+    std::filesystem::copy_file(ZARNEK_SOURCE_DIR "/config/MarvelAlertMapping.ini",
+                               m_folder.path("MarvelAlertMapping.ini"));
+}
+
+Engine::~Engine()
+{
+    unloadPlugin();
+    morlan_reset();
+    ral_reset();
+    mvsim_reset();
+}
+
+void Engine::nameVendorLibrary(const std::string& name) const
+{
+    m_folder.write("private.ini", "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=" + name + "\n");
+}
+
+void Engine::loadScenario(const std::string& file) const
+{
+    std::array<char, 1000> message{};
+    ASSERT_EQ(mvsim_load_scenario(file.c_str(), message.data(), message.size()), 0) << message.data();
+}
+
+void Engine::loadScenarioText(const std::string& text) const
+{
+    m_folder.write("scenario.json", text);
+    loadScenario(m_folder.path("scenario.json"));
+}
+
+void Engine::loadPlugin()
+{
+    unloadPlugin();
+    m_library = dlopen(ZARNEK_PLUGIN, RTLD_NOW);
+    ASSERT_NE(m_library, nullptr) << dlerror();
+    m_entry = reinterpret_cast<Entry>(dlsym(m_library, "libpld_sm_zarnek_entry"));
+    ASSERT_NE(m_entry, nullptr);
+}
+
+void Engine::unloadPlugin()
+{
+    if (m_library != nullptr) {
+        EXPECT_EQ(morlan_wait_threads(5000), 0) << "a thread still runs in the plug-in";
+        dlclose(m_library);
+    }
+    m_library = nullptr;
+}
+
+unsigned int Engine::send(unsigned int command)
+{
+    return m_entry(command, nullptr, &m_slot);
+}
+
+unsigned int Engine::discover(unsigned int firstNumber)
+{
+    unsigned int total = 0xAAAAAAAA;
+    void* output = &total;
+    EXPECT_EQ(m_entry(22, &firstNumber, &output), 0U);
+    return total;
+}
+
+unsigned int Engine::monitor()
+{
+    // The plug-in's two threads must not log at once, so the event thread waits for the command's end.
+    const unsigned int sleeps = g_sleeps;
+    morlan_hold_threads(1);
+    const unsigned int status = send(21);
+    morlan_hold_threads(0);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (morlan_running_threads() != 0 && sleeps == g_sleeps && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+    return status;
+}
+
+bool Engine::logged(const std::string& line) const
+{
+    const auto lines = m_log.lines();
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+unsigned int Engine::objects(unsigned int type) const
+{
+    ral_snapshot* const snapshot = ral_snapshot_create();
+    unsigned int count = 0;
+    for (unsigned int index = 0; index < ral_snapshot_count(snapshot); ++index)
+        count += numberOf(ral_snapshot_object(snapshot, index), SSPROP_OBJTYPE_U32) == type ? 1 : 0;
+    ral_snapshot_destroy(snapshot);
+    return count;
+}
+
+unsigned int Engine::links() const
+{
+    ral_snapshot* const snapshot = ral_snapshot_create();
+    unsigned int count = 0;
+    for (unsigned int index = 0; index < ral_snapshot_count(snapshot); ++index)
+        count += ral_snapshot_link_count(snapshot, index);
+    ral_snapshot_destroy(snapshot);
+    return count;
+}
+
+void Engine::onNotification(void* engine, const void* object)
+{
+    static_cast<Engine*>(engine)->m_alerts.push_back(numberOf(object, SSPROP_ALERTNUMBER_U32));
+}

@@ -1,0 +1,61 @@
+// A data engine in the test's process: loads the built plug-in, sends it commands, and looks at what arrives.
+#ifndef ZARNEK_TESTS_ENGINE_H
+#define ZARNEK_TESTS_ENGINE_H
+
+#include "common/LineLog.h"
+#include "common/TempFolder.h"
+
+#include <string>
+#include <vector>
+
+class Engine
+{
+  public:
+    // Fresh stand-ins, the simulator as the configured vendor library, and the shipped alert mapping.
+    Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+    ~Engine();
+
+    // Names another vendor library in the private INI.
+    void nameVendorLibrary(const std::string& name) const;
+    void loadScenario(const std::string& file) const;
+    void loadScenarioText(const std::string& text) const;
+
+    // A fresh copy of the plug-in: its statics are as after load.
+    void loadPlugin();
+    void unloadPlugin();
+    unsigned int send(unsigned int command);
+    // Command 22; the total that came back.
+    unsigned int discover(unsigned int firstNumber);
+    // Command 21, and the event thread's first poll.
+    unsigned int monitor();
+    // What command 20 stored.
+    const void* slot() const { return m_slot; }
+
+    std::vector<std::string> log() const { return m_log.lines(); }
+    bool logged(const std::string& line) const;
+    // Objects of a type in the data engine, and notifications received.
+    unsigned int objects(unsigned int type) const;
+    unsigned int links() const;
+    std::vector<unsigned int> alerts() const { return m_alerts; }
+
+    TempFolder m_folder;
+
+  private:
+    static void onNotification(void* engine, const void* object);
+
+    using Entry = unsigned int (*)(unsigned int, void*, void**);
+    void* m_library = nullptr;
+    Entry m_entry = nullptr;
+    void* m_slot = nullptr;
+    LineLog m_log;
+    std::vector<unsigned int> m_alerts;
+};
+
+// The event thread's sleep, which this program supplies in place of the C library's: how often it was
+// entered, and its early end without a stop.
+unsigned int sleepsEntered();
+void wakeSleepers();
+
+#endif

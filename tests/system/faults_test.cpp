@@ -1,0 +1,140 @@
+// Every call of the closed libraries fails at every place where the plug-in makes it, once and for good.
+#include "system/Engine.h"
+
+#include "morlan/morlan_inspect.h"
+#include "ral/ral_inspect.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using FailCall = int (*)(const char*, unsigned int, unsigned int, int);
+using CountCalls = unsigned int (*)(const char*);
+
+struct FaultCase {
+    const char* call;
+    FailCall fail;
+    CountCalls count;
+    bool givesBack; // its failure leaks by its own nature
+};
+
+void PrintTo(const FaultCase& fault, std::ostream* stream)
+{
+    *stream << fault.call;
+}
+
+class FaultTest : public testing::TestWithParam<FaultCase>
+{
+  protected:
+    // The whole life of the plug-in. What it may not do is crash, hang, or leave anything behind.
+    static void live(Engine& engine)
+    {
+        engine.loadPlugin();
+        EXPECT_LE(engine.send(20), 1U);
+        engine.discover(0);
+        EXPECT_EQ(engine.monitor(), 0U);
+        EXPECT_EQ(engine.send(25), 0U);
+        EXPECT_EQ(engine.send(23), 0U);
+        engine.unloadPlugin();
+    }
+};
+
+TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
+{
+    const FaultCase& fault = GetParam();
+    for (const unsigned int howMany : {1U, 0U}) {
+        for (unsigned int nth = 1;; ++nth) {
+            SCOPED_TRACE(std::string(howMany == 1 ? "once" : "from then on") + ", at call " +
+                         std::to_string(nth));
+            Engine engine;
+            engine.loadScenario(ZARNEK_SOURCE_DIR "/scenarios/small-server.json");
+            const unsigned int before = morlan_live_sdo_objects();
+            ASSERT_EQ(fault.fail(fault.call, nth, howMany, 1), 0);
+            live(engine);
+            const bool reached = fault.count(fault.call) >= nth;
+            morlan_clear_faults();
+            ral_clear_faults();
+            ral_reset();
+            if (!fault.givesBack) {
+                EXPECT_EQ(morlan_live_sdo_objects(), before);
+                EXPECT_EQ(ral_live_lists(), 0U);
+                EXPECT_EQ(morlan_live_strings(), 0U);
+            }
+            EXPECT_EQ(morlan_running_threads(), 0U);
+            if (HasFailure())
+                return;
+            if (!reached) {
+                EXPECT_EQ(engine.objects(772), 0U);
+                live(engine);
+                EXPECT_EQ(engine.objects(772), 2U);
+                break;
+            }
+        }
+    }
+}
+
+#define MORLAN(call, givesBack)                                                                              \
+    FaultCase                                                                                                \
+    {                                                                                                        \
+#call, morlan_fail_call, morlan_call_count, givesBack                                                \
+    }
+#define RAL(call, givesBack)                                                                                 \
+    FaultCase                                                                                                \
+    {                                                                                                        \
+#call, ral_fail_call, ral_call_count, givesBack                                                      \
+    }
+INSTANTIATE_TEST_SUITE_P(Calls, FaultTest,
+                         testing::Values(MORLAN(SMMutexCreate, false), MORLAN(SMMutexLock, false),
+                                         MORLAN(SMMutexDestroy, true), MORLAN(SMThreadStart, false),
+                                         MORLAN(SMLibLoad, false), MORLAN(SMLibUnLoad, false),
+                                         MORLAN(sm_create, false), MORLAN(GetIniFilePath, false),
+                                         MORLAN(SSGetPrivateIniValue, false), MORLAN(SMSDOConfigAlloc, false),
+                                         MORLAN(SMSDOConfigFree, true), MORLAN(SMSDOConfigClone, false),
+                                         MORLAN(SMSDOConfigAddData, false),
+                                         MORLAN(SMSDOConfigGetDataByID, false), RAL(RalInsertObject, false),
+                                         RAL(RalLinkObjects, false), RAL(RalListAssociatedObjects, false),
+                                         RAL(RalListFree, true)),
+                         [](const auto& instance) { return std::string(instance.param.call); });
+
+class StopFaultTest : public testing::Test
+{
+  protected:
+    Engine m_engine;
+};
+
+TEST_F(StopFaultTest, AThreadThatOutlivesItsStopTouchesNothing)
+{
+    m_engine.loadScenario(ZARNEK_SOURCE_DIR "/scenarios/small-server.json");
+    m_engine.loadPlugin();
+    ASSERT_EQ(m_engine.send(20), 0U);
+    m_engine.discover(0);
+    ASSERT_EQ(m_engine.monitor(), 0U);
+    // No stop works: the subject is deleted under the sleeping thread, which later wakes and leaves.
+    morlan_fail_call("SMThreadStop", 1, 0, 7);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_TRUE(m_engine.logged("ZARNEK:Thread::stopThread(): Error code (During stopping the Thread) = 7"));
+    EXPECT_EQ(morlan_running_threads(), 1U);
+    wakeSleepers();
+    EXPECT_EQ(morlan_wait_threads(5000), 0);
+    EXPECT_EQ(m_engine.send(23), 0U);
+}
+
+TEST_F(StopFaultTest, AFailedWriteOfTheSequenceNumberIsSaid)
+{
+    m_engine.loadScenario(ZARNEK_SOURCE_DIR "/scenarios/disk-failure.json");
+    m_engine.loadPlugin();
+    ASSERT_EQ(m_engine.send(20), 0U);
+    m_engine.discover(0);
+    ASSERT_EQ(m_engine.monitor(), 0U);
+    const std::string mapping = m_engine.m_folder.read("MarvelAlertMapping.ini");
+    morlan_fail_call("SMWriteINIPathFileValue", 1, 1, 5);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_TRUE(m_engine.logged(
+        "ZARNEK:stg::writeToIniFileAgainstKey(): Failed to write in /MarvelAlertMapping.ini File under the "
+        "section EventSequenceNumber. Keyword is SequenceNumber and the value is 1"));
+    EXPECT_EQ(m_engine.m_folder.read("MarvelAlertMapping.ini"), mapping);
+    EXPECT_EQ(m_engine.send(23), 0U);
+}
+
+} // namespace

@@ -1,0 +1,239 @@
+// What a data engine gets from the built plug-in when the system around it is not as it should be.
+#include "system/Engine.h"
+
+#include "morlan/morlan_inspect.h"
+#include "mvsim/mvsim_control.h"
+#include "ral/ral_inspect.h"
+
+#include <morlan.h>
+#include <ral.h>
+#include <sdo.h>
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+
+#include <array>
+#include <cstdint>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+constexpr char SMALL[] = ZARNEK_SOURCE_DIR "/scenarios/small-server.json";
+constexpr char LARGE[] = ZARNEK_SOURCE_DIR "/scenarios/large-server.json";
+
+class OutcomeTest : public testing::Test
+{
+  protected:
+    // Controllers, physical disks, virtual disks and links, after commands 20 and 22; then 25 and 23.
+    std::vector<unsigned int> discovered(unsigned int expectedInitialise = 0)
+    {
+        m_engine.loadPlugin();
+        EXPECT_EQ(m_engine.send(20), expectedInitialise);
+        m_total = m_engine.discover(0);
+        EXPECT_EQ(m_engine.send(25), 0U);
+        EXPECT_EQ(m_engine.send(23), 0U);
+        return content();
+    }
+    std::vector<unsigned int> content() const
+    {
+        return {m_engine.objects(769), m_engine.objects(772), m_engine.objects(773), m_engine.links()};
+    }
+
+    Engine m_engine;
+    unsigned int m_total = 0;
+};
+
+TEST_F(OutcomeTest, AWholeSystemArrives)
+{
+    m_engine.loadScenario(LARGE);
+    EXPECT_THAT(discovered(), ElementsAre(2U, 32U, 7U, 3U * 8 + 4U * 24));
+    EXPECT_EQ(m_total, 2U);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(m_engine.slot()), 9U);
+}
+
+TEST_F(OutcomeTest, AControllerThatFailsIsSkippedAndKeepsItsNumber)
+{
+    std::string text = TempFolder::readFile(LARGE);
+    text.insert(text.find("\"slot\""), R"("fail": {"MV_Adapter_Get_OEM_Data": 13}, )");
+    m_engine.loadScenarioText(text);
+    EXPECT_THAT(discovered(), ElementsAre(1U, 24U, 4U, 4U * 24));
+    EXPECT_EQ(m_total, 2U);
+    EXPECT_TRUE(
+        m_engine.logged("ZARNEK:CLibraryInterfaceLayer: mvErrorDisplay() FAILED: ERR_INVALID_ADAPTER_ID "));
+    EXPECT_TRUE(m_engine.logged("ZARNEK: CMarvellController:operator=() - GCN: 1 CNTRLID: 1"));
+}
+
+TEST_F(OutcomeTest, ListsOfUnequalLengthAreNotTrusted)
+{
+    struct Case {
+        const char* call;
+        std::vector<unsigned int> content;
+    };
+    // Disks that no answer fits stay out of the controller: they have no identity. Drives likewise.
+    for (const Case& c : {Case{"MV_PD_GetConfig", {1, 0, 1, 0}}, Case{"MV_LD_GetConfig", {1, 2, 0, 0}}}) {
+        std::string text = TempFolder::readFile(SMALL);
+        text.insert(text.find("\"slot\""),
+                    R"("answers": {")" + std::string(c.call) + R"(": {"count": 0}}, )");
+        m_engine.loadScenarioText(text);
+        EXPECT_EQ(discovered(), c.content) << c.call;
+        ral_reset();
+    }
+}
+
+TEST_F(OutcomeTest, NoVendorLibraryOrNoControllerIsNoFailure)
+{
+    for (const char* name : {"libnothing", "", "libmvsim"}) {
+        m_engine.nameVendorLibrary(name);
+        m_engine.loadScenarioText(R"({"format": 1, "name": "empty", "adapters": []})");
+        EXPECT_THAT(discovered(), ElementsAre(0U, 0U, 0U, 0U)) << name;
+        EXPECT_EQ(m_total, 0U);
+    }
+}
+
+// The outcome of a vendor library that lacks one entry point: the discovery's content, and the alert.
+struct MissingEntryPoint {
+    const char* symbol;
+    std::vector<unsigned int> content;
+    bool alert = true;
+    bool said = false; // whether its own name is in a message
+};
+
+class MissingEntryPointTest : public OutcomeTest, public testing::WithParamInterface<MissingEntryPoint>
+{
+};
+
+TEST_P(MissingEntryPointTest, ReadsAsSuccessWithAnEmptyAnswer)
+{
+    const MissingEntryPoint& missing = GetParam();
+    const std::string name = "libno_" + std::string(missing.symbol);
+    m_engine.nameVendorLibrary(name);
+    // Loaded ahead of the plug-in, so that it has the scenario by the time it is asked.
+    void* const library = dlopen((name + ".so").c_str(), RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(library, nullptr) << dlerror();
+    std::array<char, 500> message{};
+    const auto load = reinterpret_cast<decltype(&mvsim_load_scenario)>(dlsym(library, "mvsim_load_scenario"));
+    ASSERT_EQ(load(ZARNEK_SOURCE_DIR "/scenarios/disk-failure.json", message.data(), message.size()), 0);
+
+    m_engine.loadPlugin();
+    EXPECT_EQ(m_engine.send(20), 0U);
+    m_engine.discover(0);
+    EXPECT_EQ(content(), missing.content);
+    EXPECT_EQ(m_engine.monitor(), 0U);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U);
+    m_engine.unloadPlugin();
+    EXPECT_EQ(m_engine.alerts().size(), missing.alert ? 1U : 0U);
+
+    const auto log = m_engine.log();
+    const bool said = std::any_of(log.begin(), log.end(), [](const std::string& line) {
+        return line.find("Failed to Retrieve Handle to") != std::string::npos;
+    });
+    EXPECT_EQ(said, missing.said);
+    dlclose(library);
+}
+
+const MissingEntryPoint MISSING_ENTRY_POINTS[] = {
+    {"MV_API_Initialize", {1, 3, 1, 3}, true, true},
+    {"MV_API_Finalize", {1, 3, 1, 3}},
+    {"MV_API_Version", {1, 3, 1, 3}},
+    {"MV_Adapter_GetCount", {0, 0, 0, 0}, false}, // a library without controllers is dropped
+    {"MV_Adapter_GetInfo", {1, 3, 1, 3}},         // lists of the largest size
+    {"MV_Adapter_GetConfig", {1, 3, 1, 3}},
+    {"MV_PD_GetHDInfo_Ext", {1, 0, 1, 0}},
+    {"MV_PD_GetConfig", {1, 0, 1, 0}}, // lists of unequal length
+    {"MV_PD_GET_SMART_INFO", {1, 3, 1, 3}},
+    {"MV_PD_GetHDRaidStatus", {1, 3, 1, 3}, true, true},
+    {"MV_PD_GetFreeSpaceInfo", {1, 3, 1, 3}, true, true},
+    {"MV_LD_GetInfo", {1, 3, 0, 0}, true, true},
+    {"MV_LD_GetConfig", {1, 3, 0, 0}, true, true},
+    {"MV_PassThrough_ATA", {1, 3, 1, 3}},
+    {"MV_Adapter_Get_OEM_Data", {1, 3, 1, 3}, true, true},
+    {"MV_EVT_GetEvent", {1, 3, 1, 3}, false},
+    {"MV_EVT_FlushEvent", {1, 3, 1, 3}},
+};
+INSTANTIATE_TEST_SUITE_P(Symbols, MissingEntryPointTest, testing::ValuesIn(MISSING_ENTRY_POINTS),
+                         [](const auto& instance) { return std::string(instance.param.symbol); });
+
+void add(void* object, unsigned int id, std::uint32_t value)
+{
+    ASSERT_EQ(
+        SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_U32, &value, sizeof value, 1),
+        0);
+}
+
+void* foreignController(unsigned int global)
+{
+    void* const object = SMSDOConfigAlloc();
+    add(object, SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER);
+    add(object, SSPROP_VILNUMBER_U32, 4);
+    add(object, SSPROP_GLOBALCONTROLLERNUM_U32, global);
+    const std::uint32_t nexus = SSPROP_GLOBALCONTROLLERNUM_U32;
+    EXPECT_EQ(SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, &nexus, sizeof nexus, 1), 0);
+    return object;
+}
+
+TEST_F(OutcomeTest, ForeignObjectsOfTheSameNumberAreLeftAlone)
+{
+    ASSERT_EQ(RalInsertObject(foreignController(0), nullptr), 0);
+    m_engine.loadScenario(SMALL);
+    EXPECT_THAT(discovered(), ElementsAre(2U, 2U, 1U, 2U));
+    EXPECT_TRUE(m_engine.logged("ZARNEK:IController::getControllerObject(): SSPROP_VILNUMBER_U32 is 4"));
+    void** list = nullptr;
+    unsigned int count = 1;
+    void* const foreign = foreignController(0);
+    ASSERT_EQ(RalListAssociatedObjects(foreign, SDO_OBJTYPE_PHYSICAL_DISK, &list, &count), 0);
+    EXPECT_EQ(count, 0U) << "disks went under the other layer's controller";
+    SMSDOConfigFree(foreign);
+}
+
+TEST_F(OutcomeTest, AFailedInsertionLosesThatObjectAlone)
+{
+    struct Case {
+        unsigned int insertion;
+        std::vector<unsigned int> content;
+    };
+    // The controller; a disk; the virtual disk, whose second insertion makes up for the first.
+    for (const Case& c : {Case{1, {0, 2, 1, 2}}, Case{2, {1, 1, 1, 1}}, Case{4, {1, 2, 1, 0}}}) {
+        m_engine.loadScenario(SMALL);
+        ral_fail_call("RalInsertObject", c.insertion, 1, 77);
+        EXPECT_EQ(discovered(), c.content) << c.insertion;
+        EXPECT_TRUE(m_engine.logged("ZARNEK:stg::SDOProxy::insertIntoDataEngine(): RalInsertObject Failed."));
+        EXPECT_TRUE(m_engine.logged("ZARNEK:ISubSystemManager: insertIntoRAL() Failed"));
+        ral_reset();
+    }
+}
+
+TEST_F(OutcomeTest, OtherOrdersOfCommandsHurtNobody)
+{
+    m_engine.loadScenario(SMALL);
+    m_engine.loadPlugin();
+    EXPECT_EQ(m_engine.discover(5), 0U) << "nothing is known yet";
+    EXPECT_EQ(m_engine.send(21), 0U);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U);
+
+    // Initialised twice: the second time finds two libraries, so the one manager stands in the list three
+    // times. It dies once.
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.discover(5), 3U);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    // Again without a terminate: nothing of the destroyed manager is touched.
+    EXPECT_EQ(m_engine.discover(0), 3U) << "the running sum";
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.discover(7), 6U) << "three libraries by now";
+    EXPECT_EQ(m_engine.monitor(), 0U);
+    // Terminated without a stop: the layer that is left has no library any more.
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U);
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.discover(0), 6U) << "the old manager's library is gone";
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U);
+}
+
+} // namespace
