@@ -16,10 +16,14 @@ struct Close {
 };
 using OpenLibrary = std::unique_ptr<void, Close>;
 
-// Another copy of the simulator, with a state of its own.
+// Another copy of the simulator, with a state of its own, from the folder where the simulator itself lies.
 OpenLibrary openCopy(const std::string& missing)
 {
-    OpenLibrary library(dlopen(("libmv_no_" + missing + ".so").c_str(), RTLD_NOW | RTLD_LOCAL));
+    Dl_info simulator{};
+    EXPECT_NE(dladdr(reinterpret_cast<const void*>(&mvsim_reset), &simulator), 0);
+    const auto path =
+        std::filesystem::path(simulator.dli_fname).replace_filename("libmv_no_" + missing + ".so");
+    OpenLibrary library(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
     EXPECT_NE(library, nullptr) << dlerror();
     return library;
 }
