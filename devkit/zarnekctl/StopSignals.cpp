@@ -11,6 +11,7 @@ StopSignals::StopSignals() : m_signals()
     sigaddset(&m_signals, SIGINT);
     sigaddset(&m_signals, SIGTERM);
     pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 void StopSignals::wait() const

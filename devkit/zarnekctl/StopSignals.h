@@ -11,7 +11,8 @@ class StopSignals
 {
   public:
     // From here on the signals wait, in this thread and in those started later. They go on waiting when this
-    // goes, so that a second Ctrl-C does not cut short what the first one began.
+    // goes, so that a second Ctrl-C does not cut short what the first one began. A reader that goes away no
+    // longer ends the process either; the output fails instead.
     StopSignals();
 
     // Until one of them has come, also one that came before.

@@ -145,6 +145,8 @@ void poll(EngineHost& host, MonitorJournal& journal, const StopSignals& signals,
     const auto onPause = [&journal, &host](unsigned int seconds) {
         journal.pollEnd();
         host.trace().line("sys", "sleep(" + std::to_string(seconds) + ")");
+        if (!std::cout) // nobody reads it any more
+            StopSignals::request();
     };
     clock.configure({PollClock::Duration(interval), polls, onPause, &StopSignals::request});
     host.startMonitoring();

@@ -156,6 +156,37 @@ TEST(Monitor, editsOfTheMappingFileTakeEffectWithTheNextAlert)
     EXPECT_EQ(alerts[1].at("sequence"), 3);
 }
 
+TEST(Monitor, aBlankLineThatComesDuringTheRunEndsTheProcessWithAWord)
+{
+    const ProgramState state;
+    RunningProgram program({"monitor", "--scenario", "disk-failure", "--interval", "0.3"},
+                           state.folder.path("state"));
+    ASSERT_TRUE(program.waitForOutput("2051"));
+    state.folder.write(state.config("MarvelAlertMapping.ini"), "[PhysicalDevice]\n \n");
+    const ProgramResult result = program.finish();
+    EXPECT_EQ(result.status, -1);
+    EXPECT_THAT(result.err, HasSubstr("an exception ended the process: basic_string::at"));
+    EXPECT_THAT(result.err, HasSubstr("zarnekctl check"));
+}
+
+TEST(Monitor, aReaderThatGoesAwayStopsTheRunWithItsNumberWritten)
+{
+    const ProgramState state;
+    const std::string command =
+        "XDG_STATE_HOME=" + state.folder.path("state") +
+        " " ZARNEKCTL_PROGRAM " monitor --scenario disk-failure --interval 0.05 --polls 1000000 | head -n 1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    // Not every shell waits for the program too.
+    for (int attempt = 0;
+         attempt < 1000 &&
+         state.folder.read(state.config("MarvelAlertMapping.ini")).find("SequenceNumber=0") !=
+             std::string::npos;
+         ++attempt)
+        std::this_thread::sleep_for(5ms);
+    EXPECT_THAT(state.folder.read(state.config("MarvelAlertMapping.ini")),
+                testing::ContainsRegex("SequenceNumber=[1-9]"));
+}
+
 TEST(Monitor, withoutAControllerThereIsNothingToMonitor)
 {
     const ProgramState state;
