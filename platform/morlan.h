@@ -36,8 +36,8 @@ int GetIniFilePath(void* string);
 unsigned int sm_strlen(const void* string);
 void sm_destroy(void* string);
 
-// Copies one value of the private INI, at most *size bytes with the terminator. A missing key is a nonzero
-// result and leaves the buffer alone.
+// Copies one value of the private INI, at most *size bytes with the terminator; *size becomes the number of
+// bytes copied. A missing key is a nonzero result and leaves the buffer alone.
 int SSGetPrivateIniValue(const char* section, const char* key, char* buffer, unsigned int* size);
 // Writes or replaces one key of the INI file at the absolute `path`. `type` and `flag` are 1.
 int SMWriteINIPathFileValue(const char* section, const char* key, int type, const void* value,

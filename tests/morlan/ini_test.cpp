@@ -9,7 +9,6 @@
 #include <atomic>
 #include <csignal>
 #include <cstring>
-#include <functional>
 #include <optional>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -65,8 +64,7 @@ TEST_F(Ini, ReadsTheUsualGrammar)
                                 "last=2");
     morlan_set_private_ini(folder.path("private.ini").c_str());
     const struct {
-        const char* section;
-        const char* key;
+        const char *section, *key;
         std::optional<std::string> value;
     } cases[] = {
         {"Vendor", "id", "9"},
@@ -83,6 +81,7 @@ TEST_F(Ini, ReadsTheUsualGrammar)
         {"None", "id", {}},
         {"Vendor", "key", {}},
         {"Vendor", "; key", {}},
+        {"Vendor", "#id", {}},
     };
     for (const auto& read : cases)
         EXPECT_EQ(privateValue(read.section, read.key), read.value) << read.section << ' ' << read.key;
@@ -120,29 +119,20 @@ TEST_F(Ini, CutsAValueToTheRoomAndLeavesTheBufferOnFailure)
 TEST_F(Ini, TheHostsFileComesBeforeTheEnvironments)
 {
     folder.write("one.ini", "[A]\nkey=one\n");
-    folder.write("two.ini", "[A]\nkey=two\n");
     setenv("MORLAN_PRIVATE_INI", folder.path("one.ini").c_str(), 1);
     EXPECT_EQ(privateValue("A", "key"), "one");
-    morlan_set_private_ini(folder.path("two.ini").c_str());
-    EXPECT_EQ(privateValue("A", "key"), "two");
-    morlan_set_private_ini(folder.path("missing.ini").c_str());
-    EXPECT_EQ(privateValue("A", "key"), std::nullopt);
-    morlan_set_private_ini(nullptr);
-    EXPECT_EQ(privateValue("A", "key"), std::nullopt);
-    morlan_reset();
-    EXPECT_EQ(privateValue("A", "key"), "one");
+    for (const char* none : {static_cast<const char*>(nullptr), "/no such/file.ini"}) {
+        morlan_set_private_ini(none);
+        EXPECT_EQ(privateValue("A", "key"), std::nullopt);
+    }
     unsetenv("MORLAN_PRIVATE_INI");
-    EXPECT_EQ(privateValue("A", "key"), std::nullopt);
 }
 
 TEST_F(Ini, WritesOneKeyAndKeepsTheRest)
 {
     const struct {
-        const char* what;
-        const char* before; // null: no file
-        const char* section;
-        const char* key;
-        const char* value;
+        const char *what, *before; // null: no file
+        const char *section, *key, *value;
         const char* after;
     } cases[] = {
         {"no file", nullptr, "A", "k", "1", "[A]\nk=1\n"},
@@ -190,13 +180,11 @@ TEST_F(Ini, RefusesWhatCouldNotBeReadBack)
     const std::string before = "[A]\nk=1\n";
     folder.write("f.ini", before);
     const struct {
-        const char* section;
-        const char* key;
-        const char* value;
+        const char *section, *key, *value;
     } cases[] = {
-        {nullptr, "k", "2"}, {"A", nullptr, "2"}, {"A", "", "2"},       {"A", "a=b", "2"},
-        {"A", ";k", "2"},    {"A", "[k]", "2"},   {"A", "k\nx=1", "2"}, {"A", " k", "2"},
-        {"A]", "k", "2"},    {"A\n[B", "k", "2"}, {"A", "k", "2\nx"},   {"A", "k", "2\r"},
+        {nullptr, "k", "2"}, {"A", nullptr, "2"}, {"A", "", "2"},       {"A", "a=b", "2"}, {"A", ";k", "2"},
+        {"A", "#k", "2"},    {"A", "[k]", "2"},   {"A", "k\nx=1", "2"}, {"A", " k", "2"},  {"A]", "k", "2"},
+        {"A\n[B", "k", "2"}, {"A", "k", "2\nx"},  {"A", "k", "2\r"},
     };
     for (const auto& refused : cases)
         EXPECT_NE(writeValue(path, refused.section, refused.key, refused.value), 0);

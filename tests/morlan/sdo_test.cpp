@@ -8,7 +8,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <string>
 
 namespace
@@ -196,21 +195,23 @@ TEST_F(Sdo, PropertiesAreSeenInPlace)
     SMSDOConfigAddData(object, 1, SDO_TYPE_NEXUS_U32, nexus, sizeof nexus, 1);
     void* const inner = SMSDOConfigAlloc();
     addNested(object, 2, inner);
+    const struct {
+        unsigned short id;
+        unsigned char type;
+        const void* bytes;
+        unsigned int size;
+    } cases[] = {{1, SDO_TYPE_NEXUS_U32, nexus, sizeof nexus}, {2, SDO_TYPE_SDOCONFIG, &inner, sizeof inner}};
 
     void* value = nullptr;
     unsigned char type = 0;
     unsigned int size = 0;
-    ASSERT_EQ(GetProperty2(object, 1, &value, &type, &size), 0);
-    EXPECT_EQ(type, SDO_TYPE_NEXUS_U32);
-    ASSERT_EQ(size, sizeof nexus);
-    EXPECT_EQ(static_cast<const std::uint32_t*>(value)[1], 24810U);
-
-    ASSERT_EQ(GetProperty2(object, 2, &value, &type, &size), 0);
-    EXPECT_EQ(type, SDO_TYPE_SDOCONFIG);
-    ASSERT_EQ(size, sizeof(void*));
-    EXPECT_EQ(*static_cast<void**>(value), inner);
+    for (const auto& property : cases) {
+        ASSERT_EQ(GetProperty2(object, property.id, &value, &type, &size), 0);
+        EXPECT_EQ(type, property.type);
+        ASSERT_EQ(size, property.size);
+        EXPECT_EQ(std::memcmp(value, property.bytes, size), 0);
+    }
     EXPECT_EQ(nestedOf(object, 2), inner);
-
     EXPECT_NE(GetProperty2(object, 3, &value, &type, &size), 0);
     EXPECT_NE(GetProperty2(nullptr, 1, &value, &type, &size), 0);
     EXPECT_NE(GetProperty2(object, 1, nullptr, &type, &size), 0);

@@ -6,6 +6,8 @@
 #include <morlan.h>
 #include <ral.h>
 
+#include <cstdio>
+#include <cstring>
 #include <optional>
 
 namespace
@@ -54,20 +56,21 @@ void addNexus(void* object, const std::vector<std::uint32_t>& ids)
 void* make(const std::string& name, std::uint32_t status)
 {
     void* const object = SMSDOConfigAlloc();
+    char prefix[4] = {};
+    unsigned int controller = 0;
+    unsigned int member = 0;
+    std::sscanf(name.c_str(), "%3[a-z]%u.%u", prefix, &controller, &member);
     for (const Family& family : kFamilies) {
-        const std::string prefix = family.prefix;
-        if (name.compare(0, prefix.size(), prefix) != 0)
+        if (std::strcmp(prefix, family.prefix) != 0)
             continue;
         std::vector<std::uint32_t> nexus{SSPROP_GLOBALCONTROLLERNUM_U32};
         addU32(object, SSPROP_OBJTYPE_U32, family.type);
         addU32(object, SSPROP_VILNUMBER_U32, SDO_VIL_NUMBER);
         addU32(object, SSPROP_STATUS_U32, status);
-        addU32(object, SSPROP_GLOBALCONTROLLERNUM_U32,
-               static_cast<std::uint32_t>(std::stoul(name.substr(prefix.size()))));
+        addU32(object, SSPROP_GLOBALCONTROLLERNUM_U32, controller);
         if (family.member != SSPROP_NONE) {
             nexus.push_back(family.member);
-            addU32(object, family.member,
-                   static_cast<std::uint32_t>(std::stoul(name.substr(name.find('.') + 1))));
+            addU32(object, family.member, member);
         }
         addNexus(object, nexus);
     }
