@@ -101,8 +101,9 @@ template <auto Field, class Object, class Value, std::size_t Size>
 constexpr const char* nameOf(const std::array<Row<Object>, Size>& rows, Value Object::* /*deduced*/)
 {
     for (std::size_t row = 0; row < Size; ++row) {
-        const auto* const binding = std::get_if<Binding<Object, Value>>(&rows[row].binding);
-        if (binding != nullptr && binding->field == Field)
+        using Wanted = Binding<Object, Value>;
+        const AnyBinding<Object>& binding = rows[row].binding;
+        if (std::holds_alternative<Wanted>(binding) && std::get<Wanted>(binding).field == Field)
             return rows[row].name;
     }
     return nullptr;
