@@ -101,6 +101,11 @@ struct MissingEntryPoint {
     bool said = false; // whether its own name is in a message
 };
 
+void PrintTo(const MissingEntryPoint& missing, std::ostream* stream)
+{
+    *stream << missing.symbol;
+}
+
 class MissingEntryPointTest : public OutcomeTest, public testing::WithParamInterface<MissingEntryPoint>
 {
 };
