@@ -1,6 +1,8 @@
 // Every call of the closed libraries fails at every place where the plug-in makes it, once and for good.
 #include "system/Engine.h"
 
+#include "common/LeaksByDesign.h"
+
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 
@@ -43,6 +45,7 @@ class FaultTest : public testing::TestWithParam<FaultCase>
 TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
 {
     const FaultCase& fault = GetParam();
+    const LeaksByDesign droppedLibraries;
     for (const unsigned int howMany : {1U, 0U}) {
         for (unsigned int nth = 1;; ++nth) {
             SCOPED_TRACE(std::string(howMany == 1 ? "once" : "from then on") + ", at call " +

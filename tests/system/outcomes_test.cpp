@@ -1,6 +1,8 @@
 // What a data engine gets from the built plug-in when the system around it is not as it should be.
 #include "system/Engine.h"
 
+#include "common/LeaksByDesign.h"
+
 #include "morlan/morlan_inspect.h"
 #include "mvsim/mvsim_control.h"
 #include "ral/ral_inspect.h"
@@ -85,6 +87,7 @@ TEST_F(OutcomeTest, ListsOfUnequalLengthAreNotTrusted)
 
 TEST_F(OutcomeTest, NoVendorLibraryOrNoControllerIsNoFailure)
 {
+    const LeaksByDesign droppedLibraries;
     for (const char* name : {"libnothing", "", "libmvsim"}) {
         m_engine.nameVendorLibrary(name);
         m_engine.loadScenarioText(R"({"format": 1, "name": "empty", "adapters": []})");
@@ -112,6 +115,7 @@ class MissingEntryPointTest : public OutcomeTest, public testing::WithParamInter
 
 TEST_P(MissingEntryPointTest, ReadsAsSuccessWithAnEmptyAnswer)
 {
+    const LeaksByDesign droppedLibrary;
     const MissingEntryPoint& missing = GetParam();
     const std::string name = "libno_" + std::string(missing.symbol);
     m_engine.nameVendorLibrary(name);
