@@ -56,23 +56,23 @@ Device* findDevice(std::vector<Device>& devices, std::uint16_t id)
     return found == devices.end() ? nullptr : &*found;
 }
 
-// Whether a present device shares its number with another; `device` is one of `devices`.
 template <class Device>
-bool collides(const std::vector<Device>& devices, const Device& device)
+[[noreturn]] void refuseNumber(const Device& device, const StrictObject& object)
 {
-    return device.present && std::any_of(devices.begin(), devices.end(), [&device](const Device& other) {
-               return &other != &device && other.present && numberOf(other) == numberOf(device);
-           });
+    const char* key = numberKey(device);
+    throw FormatError(object.has(key) ? object.place(key) : object.place(),
+                      std::string("a ") + key + " that no other present device has",
+                      std::to_string(numberOf(device)));
 }
 
+// Demands that a device, one of `devices`, shares its number with no other that is present.
 template <class Device>
 void checkNumber(const std::vector<Device>& devices, const Device& device, const StrictObject& object)
 {
-    if (collides(devices, device)) {
-        const char* key = numberKey(device);
-        throw FormatError(object.has(key) ? object.place(key) : object.place(),
-                          std::string("a ") + key + " that no other present device has",
-                          std::to_string(numberOf(device)));
+    if (device.present && std::any_of(devices.begin(), devices.end(), [&device](const Device& other) {
+            return &other != &device && other.present && numberOf(other) == numberOf(device);
+        })) {
+        refuseNumber(device, object);
     }
 }
 
@@ -103,16 +103,27 @@ void addDevices(StrictObject& object, std::uint16_t id, const Device& model, std
     const std::uint16_t repeats = object.number<std::uint16_t>("repeat", 1).value_or(1);
     const bool gone = object.flag("gone").value_or(false);
     object.finish();
-    for (std::size_t i = 0; i < repeats; ++i) {
-        const std::uint16_t nextId = counted(id, i, object.place("id"));
-        if (findDevice(devices, nextId) != nullptr) {
-            throw FormatError(object.place("id"), "an id that no other device has", std::to_string(nextId));
+    std::set<std::uint16_t> ids;
+    std::set<std::uint16_t> numbers;
+    for (const Device& other : devices) {
+        ids.insert(idOf(other));
+        if (other.present) {
+            numbers.insert(numberOf(other));
         }
+    }
+    for (std::size_t i = 0; i < repeats; ++i) {
         Device device = model;
         device.present = !gone;
-        setNumbers(device, nextId, counted(numberOf(model), i, object.place(numberKey(model))));
+        setNumbers(device, counted(id, i, object.place("id")),
+                   counted(numberOf(model), i, object.place(numberKey(model))));
+        if (!ids.insert(idOf(device)).second) {
+            throw FormatError(object.place("id"), "an id that no other device has",
+                              std::to_string(idOf(device)));
+        }
+        if (device.present && !numbers.insert(numberOf(device)).second) {
+            refuseNumber(device, object);
+        }
         devices.push_back(device);
-        checkNumber(devices, devices.back(), object);
     }
 }
 
