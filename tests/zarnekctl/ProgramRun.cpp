@@ -36,6 +36,8 @@ RunningProgram::RunningProgram(const std::vector<std::string>& arguments, const 
     };
     setenv("XDG_STATE_HOME", stateHome.c_str(), 1);
     setenv("LC_ALL", "C", 1);
+    setenv("LSAN_OPTIONS",
+           "suppressions=" ZARNEK_SOURCE_DIR "/tests/zarnekctl/leaks_by_design.supp:print_suppressions=0", 1);
     if (redirect(out, STDOUT_FILENO) && redirect(err, STDERR_FILENO))
         execv(argv[0], argv.data());
     _exit(127);
