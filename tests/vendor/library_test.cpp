@@ -1,0 +1,201 @@
+#include "common/PluginTest.h"
+#include "morlan/morlan_inspect.h"
+#include "vendor/CLibraryLoader.h"
+#include "vendor/CLibraryManager.h"
+#include "vendor/CLibraryManager_Helper.h"
+#include "vendor/CMarvellVendorLibrary.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+
+using testing::Contains;
+
+// A library that sees no controller is never given back, by design.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:CLibraryLoader::createLibModelObj";
+}
+
+namespace
+{
+
+using Library = CMarvellVendorLibrary;
+
+template <auto Accessor>
+const void* of(const Library& library)
+{
+    return reinterpret_cast<const void*>((library.*Accessor)());
+}
+
+struct EntryPoint {
+    std::string symbol, inMessage;
+    bool testsItself;
+    const void* (*pointer)(const Library& library);
+};
+
+const EntryPoint kEntryPoints[] = {
+    {"MV_API_Initialize", "m_gMV_API_INITIALIZE", true, of<&Library::getMVInitAPI>},
+    {"MV_API_Finalize", "m_gMV_API_FINALIZE", false, of<&Library::getMVFinalizeAPI>},
+    {"MV_API_Version", "m_gMV_API_VERSION", false, of<&Library::getMVVersionAPI>},
+    {"MV_Adapter_GetCount", "m_gMV_ADAPTER_GETCOUNT", false, of<&Library::getMVAdpCountAPI>},
+    {"MV_Adapter_GetInfo", "m_gMV_ADAPTER_GETINFO", false, of<&Library::getMVAdpGetInfoAPI>},
+    {"MV_Adapter_GetConfig", "m_gMV_ADAPTER_GETINFO", false, of<&Library::getMVAdpGetConfigAPI>},
+    {"MV_PD_GetHDInfo_Ext", "m_gMV_PD_GETHDINFO_EXT", false, of<&Library::getMVPDGetHDInfoAPI>},
+    {"MV_PD_GetConfig", "m_gMV_PD_GETCONFIG", false, of<&Library::getMVPDGetConfigAPI>},
+    {"MV_PD_GET_SMART_INFO", "m_gMV_PD_GET_SMART_INFO", false, of<&Library::getMVPDGetSmartInfoAPI>},
+    {"MV_PD_GetHDRaidStatus", "m_gMV_PD_GET_HD_RAID_STATUS", true, of<&Library::getMVPDGetHDRaidStatusAPI>},
+    {"MV_PD_GetFreeSpaceInfo", "m_gMV_PD_GET_FREE_SPACE_INFO", true,
+     of<&Library::getMVPDGetFreeSpaceInfoAPI>},
+    {"MV_LD_GetInfo", "m_gMV_LD_GET_INFO", true, of<&Library::getMVLDGetInfoAPI>},
+    {"MV_LD_GetConfig", "m_gMV_LD_GET_CONFIG", true, of<&Library::getMVLDGetConfigAPI>},
+    {"MV_PassThrough_ATA", "m_gMV_PASSTHROUGH_ATA", false, of<&Library::GetMVPassThroughATAAPI>},
+    {"MV_Adapter_Get_OEM_Data", "m_gMV_ADAPTER_GET_OEM_DATA", true, of<&Library::GetMVAdpGetOEMDataAPI>},
+    {"MV_EVT_GetEvent", "m_gMV_EVT_GETEVENT", false, of<&Library::GetMVEVTGetEventAPI>},
+    {"MV_EVT_FlushEvent", "m_gMV_EVT_FLUSHEVENT", false, of<&Library::GetMVEVTFlushEventAPI>},
+};
+
+class LibraryTest : public PluginTest
+{
+  protected:
+    // Opens the copy of the simulator that lacks this entry point, which has a state of its own. From then on
+    // its bare name, the result, leads to it, wherever the loader would search.
+    static std::string openCopy(const std::string& missing)
+    {
+        EXPECT_NE(dlopen((LIBRARY_FOLDER "/libmv_no_" + missing + ".so").c_str(), RTLD_LAZY), nullptr);
+        return "libmv_no_" + missing;
+    }
+    void writeVendor(const std::string& id, const std::string& name) const
+    {
+        writePrivateIni("[VendorID]\nMarvell=" + id + "\n[VendorLibName]\nLinux_" + id + "=" + name + "\n");
+    }
+};
+
+TEST_F(LibraryTest, BindsWhatTheFileHas)
+{
+    morlan_fail_call("SMLibLoad", 1, 0, 0); // the direct open decides
+    EXPECT_EQ(Library("9", "libzarnek_none").setLibHandle(), 0);
+    for (std::size_t row = 0; row <= std::size(kEntryPoints); ++row) {
+        const std::string missing = row < std::size(kEntryPoints) ? kEntryPoints[row].symbol : "";
+        const std::string name = missing.empty() ? "libmvsim" : openCopy(missing);
+        SCOPED_TRACE(name);
+        Library library("9", name);
+        clear();
+        EXPECT_EQ(library.setLibHandle() + library.setAPIName(), 0);
+        Lines said = {"ZARNEK:IVendorLibrary::loadLibrary(): loadLibrary => " + name + ".so"};
+        for (const EntryPoint& entry : kEntryPoints) {
+            if (missing == (entry.testsItself ? entry.symbol : "MV_API_Initialize"))
+                said.push_back("ZARNEK:CMarvellLibrary::setMarvellAPI(): Failed to Retrieve Handle to " +
+                               entry.inMessage + ".");
+            EXPECT_EQ(entry.pointer(library), dlsym(library.getLibHandle(), entry.symbol.c_str()));
+            EXPECT_EQ(entry.pointer(library) == nullptr, missing == entry.symbol) << entry.symbol;
+        }
+        EXPECT_EQ(messages(), said);
+    }
+    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 18U) << "each object that has a library";
+}
+
+TEST_F(LibraryTest, ManagerKeepsALibraryThatSeesAController)
+{
+    setenv("MVSIM_SCENARIO", ZARNEK_SOURCE_DIR "/scenarios/small-server.json", 1); // what the copies play
+    struct Case {
+        std::string id, name, scenario;
+        unsigned int loads, kept;
+        std::size_t calls;
+    };
+    for (const Case& c :
+         {Case{"9", "libmvsim", "", 1, 1, 2}, Case{"9a", "libmvsim", "", 1, 1, 2},
+          Case{"9", "libmvsim", R"("fail": {"MV_API_Initialize": 1})", 1, 1, 2},
+          Case{"9", "libmvsim", R"("answers": {"MV_Adapter_GetCount": {"count": 256}})", 1, 0, 2},
+          Case{"8", "libmvsim", "", 0, 0, 0}, Case{"", "libmvsim", "", 0, 0, 0}, Case{"9", "", "", 0, 0, 0},
+          Case{"9", "libzarnek_none_and_beyond_31_characters", "", 1, 0, 0},
+          Case{"9", openCopy("MV_Adapter_GetCount"), "", 1, 0, 0},
+          Case{"9", openCopy("MV_API_Initialize"), "", 1, 1, 0}}) {
+        SCOPED_TRACE(c.id + c.name + c.scenario);
+        loadAdapter("", c.scenario);
+        writeVendor(c.id, c.name);
+        CLibraryManager* const manager = CLibraryManager::getUniqueInstance();
+        const unsigned int loads = morlan_call_count("SMLibLoad");
+        const unsigned int unloads = morlan_call_count("SMLibUnLoad");
+        clear();
+        EXPECT_EQ(manager->initializeLibrary(), 0);
+        EXPECT_THAT(messages(), Contains("ZARNEK: stg::readFromIniFile tempVendorInfo->m_LibName" +
+                                         c.name.substr(0, 31)));
+        EXPECT_EQ(vendorCalls().size(), c.calls);
+        EXPECT_EQ(manager->accessLibObjMultimap()->size(), c.kept);
+        EXPECT_EQ(manager->getLibHandleforVendorID(9) != nullptr, c.kept == 1);
+        CLibraryManager::destroyMe();
+        EXPECT_EQ(morlan_call_count("SMLibLoad") - loads, c.loads);
+        EXPECT_EQ(morlan_call_count("SMLibUnLoad") - unloads, c.kept) << "what is dropped stays loaded";
+    }
+    unsetenv("MVSIM_SCENARIO");
+}
+
+TEST_F(LibraryTest, InitialisingTwiceAddsASecondLibrary)
+{
+    loadAdapter("");
+    CLibraryManager* const manager = CLibraryManager::getUniqueInstance();
+    EXPECT_EQ(log().back(), "ZARNEK:CLibraryManager: getUniqueInstance() EXIT ");
+    EXPECT_EQ(manager->initializeLibrary() + manager->initializeLibrary(), 0);
+    EXPECT_EQ(manager->accessLibObjMultimap()->count(9), 2U);
+    EXPECT_FALSE(stg::CLibraryManager_Helper().checkControllerExistence(8, manager->getVendorLibInstance(9)));
+    EXPECT_EQ(CLibraryManager::destroyMe() + CLibraryManager::destroyMe(), 0)
+        << "harmless when there is none";
+    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 2U);
+}
+
+TEST_F(LibraryTest, LoaderWorksTheLastHalfOfItsListFromTheEnd)
+{
+    for (unsigned int count = 0; count <= 5; ++count) {
+        CLibraryLoader loader;
+        for (unsigned int vendor = 0; vendor < count; ++vendor) {
+            writeVendor("9", "libnone" + std::to_string(vendor));
+            loader.initializeLibLoader();
+        }
+        const unsigned int loads = morlan_call_count("SMLibLoad");
+        clear();
+        EXPECT_EQ(loader.createAllLibObjs(), 0);
+        EXPECT_EQ(morlan_call_count("SMLibLoad") - loads, count - count / 2);
+        EXPECT_EQ(loader.getVendorInfo().size(), count / 2);
+        EXPECT_EQ(log().back(), "ZARNEK:CLibraryLoader:setVendorInfo() EXIT ") << "the other function's name";
+        for (unsigned int vendor = count / 2; vendor < count; ++vendor)
+            EXPECT_THAT(messages(), Contains("ZARNEK:IVendorLibrary::loadLibrary(): loadLibrary => libnone" +
+                                             std::to_string(vendor) + ".so"));
+    }
+}
+
+TEST_F(LibraryTest, MapOperations)
+{
+    Library* libraries[4];
+    for (Library*& library : libraries) {
+        library = new Library("9", "libmvsim");
+        library->setLibHandle();
+    }
+    const auto& [first, other, second, update] = libraries;
+    CLibraryManager manager;
+    CLibraryManager::LibraryMultimap& map = *manager.accessLibObjMultimap();
+    for (const auto& [id, library] :
+         {CLibraryManager::LibraryPair{9, first}, {8, other}, {9, second}, {3, nullptr}})
+        EXPECT_EQ(manager.insertIntoMap(id, library), 0);
+    clear();
+    EXPECT_EQ(manager.getVendorLibInstance(9), first);
+    EXPECT_EQ(manager.getVendorLibInstance(4), nullptr);
+    for (const unsigned int unknown : {3U, 4U, 10U})
+        EXPECT_EQ(manager.getLibHandleforVendorID(unknown), nullptr);
+    EXPECT_EQ(manager.getVendorLibInstance(3), nullptr);
+    EXPECT_EQ(messages(), Lines{"ZARNEK:CLibraryManager:getVendorLibInstance(): Dynamic Cast Failed."});
+
+    CLibraryManager::LibraryPair pair{9, update};
+    EXPECT_EQ(manager.cloneLibraryMultiMap(map) + manager.updateLibraryMultiMap(pair), 0);
+    EXPECT_EQ(map, (CLibraryManager::LibraryMultimap{{3, nullptr}, {8, other}, {9, update}}));
+    pair.first = 8;
+    EXPECT_EQ(manager.removeElementFromMap(pair), 0);
+    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 1U)
+        << "the first of the updated id, and none that was removed";
+    EXPECT_EQ(manager.removeAllElementsFromMap(), 0);
+    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 2U);
+    EXPECT_TRUE(map.empty());
+    delete other;
+    delete second;
+}
+
+} // namespace
