@@ -5,9 +5,9 @@
 #include "mvlayer/CMVLibraryInterfaceLayer.h"
 #include "sdo/SDOProxy.h"
 #include "sdo/SDOTypeCode.h"
-#include "support/CCriticalSection.h"
 #include "support/CLogger.h"
 #include "support/LogScope.h"
+#include "support/Singleton.h"
 #include "support/Status.h"
 #include "vendor/CLibraryManager.h"
 
@@ -20,23 +20,14 @@ CMarvelSubSystemMgr* CMarvelSubSystemMgr::m_pMarvelSubSystemMgrInstance = nullpt
 CMarvelSubSystemMgr* CMarvelSubSystemMgr::getUniqueInstance()
 {
     const stg::LogScope scope("ZARNEK:CMarvelSubSystemMgr::getUniqueInstance()");
-    if (m_pMarvelSubSystemMgrInstance == nullptr) {
-        const CCriticalSection lock;
-        if (m_pMarvelSubSystemMgrInstance == nullptr) {
-            try {
-                m_pMarvelSubSystemMgrInstance = new CMarvelSubSystemMgr;
-            } catch (const std::bad_alloc&) { // the instance stays null, and no line says so
-            }
-        }
-    }
-    return m_pMarvelSubSystemMgrInstance;
+    return stg::uniqueInstance(m_pMarvelSubSystemMgrInstance,
+                               [](const std::bad_alloc&) {} /* no line says so */);
 }
 
 short CMarvelSubSystemMgr::destroyMe()
 {
     const stg::LogScope scope("ZARNEK:CMarvelSubSystemMgr::destroyMe()");
-    delete m_pMarvelSubSystemMgrInstance;
-    m_pMarvelSubSystemMgrInstance = nullptr;
+    stg::destroyInstance(m_pMarvelSubSystemMgrInstance);
     return stg::STATUS_SUCCESS;
 }
 

@@ -7,6 +7,7 @@
 #include "support/CCriticalSection.h"
 #include "support/CLogger.h"
 #include "support/LogScope.h"
+#include "support/Singleton.h"
 #include "support/Status.h"
 #include "vendor/CLibraryManager.h"
 
@@ -48,26 +49,16 @@ CCommandHandler* CCommandHandler::getUniqueInstance()
 {
     static constexpr char LABEL[] = "ZARNEK:CCommandHandler::getUniqueInstance()";
     const stg::LogScope scope(LABEL);
-
-    if (m_pCommandHandlerInstance == nullptr) {
-        const CCriticalSection lock;
-        if (m_pCommandHandlerInstance == nullptr) {
-            try {
-                m_pCommandHandlerInstance = new CCommandHandler;
-            } catch (const std::bad_alloc& failure) {
-                stg::lout << LABEL << ": "
-                          << "Failed to allocate Memory. " << failure.what() << '\n';
-            }
-        }
-    }
-    return m_pCommandHandlerInstance;
+    return stg::uniqueInstance(m_pCommandHandlerInstance, [](const std::bad_alloc& failure) {
+        stg::lout << LABEL << ": "
+                  << "Failed to allocate Memory. " << failure.what() << '\n';
+    });
 }
 
 int CCommandHandler::destroyMe()
 {
     const stg::LogScope scope("CCommandHandler::destroyMe()");
-    delete m_pCommandHandlerInstance;
-    m_pCommandHandlerInstance = nullptr;
+    stg::destroyInstance(m_pCommandHandlerInstance);
     return stg::STATUS_SUCCESS;
 }
 

@@ -3,9 +3,9 @@
 #include "discovery/CMarvelSubSystemMgr.h"
 #include "events/CMarvelEvtObserver.h"
 #include "events/CMarvelEvtSubject.h"
-#include "support/CCriticalSection.h"
 #include "support/CLogger.h"
 #include "support/LogScope.h"
+#include "support/Singleton.h"
 #include "support/Status.h"
 #include "vendor/IniAccess.h"
 
@@ -17,25 +17,16 @@ unsigned int CMarvelEventManager::m_PrevEventSeqNum = 0;
 CMarvelEventManager* CMarvelEventManager::getUniqueInstance()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEventManager::getUniqueInstance()");
-    if (m_pMarvelEvtMgrInstance == nullptr) {
-        const CCriticalSection lock;
-        if (m_pMarvelEvtMgrInstance == nullptr) {
-            try {
-                m_pMarvelEvtMgrInstance = new CMarvelEventManager;
-            } catch (const std::bad_alloc& failure) {
-                stg::lout << "ZARNEK:CCommandHandler::getUniqueInstance(): " // names the command handler
-                          << "Failed to allocate Memory. " << failure.what() << '\n';
-            }
-        }
-    }
-    return m_pMarvelEvtMgrInstance;
+    return stg::uniqueInstance(m_pMarvelEvtMgrInstance, [](const std::bad_alloc& failure) {
+        stg::lout << "ZARNEK:CCommandHandler::getUniqueInstance(): " /* names the command handler */
+                  << "Failed to allocate Memory. " << failure.what() << '\n';
+    });
 }
 
 short CMarvelEventManager::destroyMe()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEventManager::destroyMe()");
-    delete m_pMarvelEvtMgrInstance;
-    m_pMarvelEvtMgrInstance = nullptr;
+    stg::destroyInstance(m_pMarvelEvtMgrInstance);
     return stg::STATUS_SUCCESS;
 }
 

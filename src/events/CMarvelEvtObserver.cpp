@@ -8,9 +8,9 @@
 #include "events/CAlert.h"
 #include "events/CMarvelEventManager.h"
 #include "events/IEvtSubject.h"
-#include "support/CCriticalSection.h"
 #include "support/CLogger.h"
 #include "support/LogScope.h"
+#include "support/Singleton.h"
 #include "support/Status.h"
 #include "vendor/IniAccess.h"
 
@@ -44,23 +44,14 @@ const char* sectionOf(unsigned int objType)
 CMarvelEvtObserver* CMarvelEvtObserver::getUniqueInstance()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEvtObserver::getUniqueInstance()");
-    if (m_pMarvelEvtObserverInstance == nullptr) {
-        const CCriticalSection lock;
-        if (m_pMarvelEvtObserverInstance == nullptr) {
-            try {
-                m_pMarvelEvtObserverInstance = new CMarvelEvtObserver;
-            } catch (const std::bad_alloc&) { // the instance stays null, and no line says so
-            }
-        }
-    }
-    return m_pMarvelEvtObserverInstance;
+    return stg::uniqueInstance(m_pMarvelEvtObserverInstance,
+                               [](const std::bad_alloc&) {} /* no line says so */);
 }
 
 short CMarvelEvtObserver::destroyMe()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEvtObserver::destroyMe()");
-    delete m_pMarvelEvtObserverInstance;
-    m_pMarvelEvtObserverInstance = nullptr;
+    stg::destroyInstance(m_pMarvelEvtObserverInstance);
     return stg::STATUS_SUCCESS;
 }
 

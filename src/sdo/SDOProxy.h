@@ -111,6 +111,9 @@ class SDOProxy
     static constexpr std::size_t TEXT_SIZE = 256;
 
     int createFromAttributes(AttribTypeMap& types, AttribValMap& values);
+    // Calls the visitor with the scratch field of a code of fixed width, its type value and its type's name.
+    template <class Visitor>
+    int visitScalar(unsigned char code, Visitor visit);
     // Adds a value of fixed width by way of its scratch field.
     template <class Scratch>
     int addScalar(unsigned int id, unsigned char typeValue, const char* typeName, const void* value,

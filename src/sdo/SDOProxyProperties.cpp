@@ -101,39 +101,39 @@ int SDOProxy::addNested(unsigned int id, const void* object)
     return status;
 }
 
+template <class Visitor>
+int SDOProxy::visitScalar(unsigned char code, Visitor visit)
+{
+    switch (code) {
+    case SDO_CODE_BINARY:
+        return visit(m_BinaryValue, SDO_TYPE_BINARY_DATA, "SM_SDO_NUMBERFORMAT_BINARY_DATA");
+    case SDO_CODE_BOOL:
+        return visit(m_BoolValue, SDO_TYPE_BOOLN, "SM_SDO_TYPE_BOOLN");
+    case SDO_CODE_S8:
+        return visit(m_S8Value, SDO_TYPE_S8, "SM_SDO_TYPE_S8");
+    case SDO_CODE_S16:
+        return visit(m_S16Value, SDO_TYPE_S16, "SM_SDO_TYPE_S16");
+    case SDO_CODE_S32:
+        return visit(m_S32Value, SDO_TYPE_S32, "SM_SDO_TYPE_S32");
+    case SDO_CODE_U8:
+        return visit(m_U8Value, SDO_TYPE_U8, "SM_SDO_TYPE_U8");
+    case SDO_CODE_U16:
+        return visit(m_U16Value, SDO_TYPE_U16, "SM_SDO_TYPE_U16");
+    case SDO_CODE_U32:
+        return visit(m_U32Value, SDO_TYPE_U32, "SM_SDO_TYPE_U32");
+    case SDO_CODE_U64:
+        return visit(m_U64Value, SDO_TYPE_U64, "SM_SDO_TYPE_U64");
+    default:
+        return STATUS_FAILURE;
+    }
+}
+
 int SDOProxy::addProperty(unsigned int id, unsigned char code, const void* value)
 {
     int status = STATUS_FAILURE;
     switch (code) {
-    case SDO_CODE_BINARY:
-        status = addScalar(id, SDO_TYPE_BINARY_DATA, "SM_SDO_NUMBERFORMAT_BINARY_DATA", value, m_BinaryValue);
-        break;
-    case SDO_CODE_BOOL:
-        status = addScalar(id, SDO_TYPE_BOOLN, "SM_SDO_TYPE_BOOLN", value, m_BoolValue);
-        break;
-    case SDO_CODE_S8:
-        status = addScalar(id, SDO_TYPE_S8, "SM_SDO_TYPE_S8", value, m_S8Value);
-        break;
-    case SDO_CODE_S16:
-        status = addScalar(id, SDO_TYPE_S16, "SM_SDO_TYPE_S16", value, m_S16Value);
-        break;
-    case SDO_CODE_S32:
-        status = addScalar(id, SDO_TYPE_S32, "SM_SDO_TYPE_S32", value, m_S32Value);
-        break;
     case SDO_CODE_NEXUS:
         status = addNexus(id, *static_cast<const std::vector<unsigned int>*>(value));
-        break;
-    case SDO_CODE_U8:
-        status = addScalar(id, SDO_TYPE_U8, "SM_SDO_TYPE_U8", value, m_U8Value);
-        break;
-    case SDO_CODE_U16:
-        status = addScalar(id, SDO_TYPE_U16, "SM_SDO_TYPE_U16", value, m_U16Value);
-        break;
-    case SDO_CODE_U32:
-        status = addScalar(id, SDO_TYPE_U32, "SM_SDO_TYPE_U32", value, m_U32Value);
-        break;
-    case SDO_CODE_U64:
-        status = addScalar(id, SDO_TYPE_U64, "SM_SDO_TYPE_U64", value, m_U64Value);
         break;
     case SDO_CODE_ASTRING:
         status = addText(id, *static_cast<const std::string*>(value));
@@ -142,7 +142,13 @@ int SDOProxy::addProperty(unsigned int id, unsigned char code, const void* value
         status = addNested(id, value);
         break;
     default:
-        lout << ADD_PROPERTY << "propType has hit \"default\" label. propType = " << code << '\n';
+        if (code > SDO_CODE_ASTRING) {
+            lout << ADD_PROPERTY << "propType has hit \"default\" label. propType = " << code << '\n';
+            break;
+        }
+        status = visitScalar(code, [&](auto& scratch, unsigned char typeValue, const char* typeName) {
+            return addScalar(id, typeValue, typeName, value, scratch);
+        });
         break;
     }
     if (status != STATUS_SUCCESS)
@@ -206,43 +212,22 @@ void SDOProxy::getProperty(unsigned int id, unsigned char code, std::string attr
 {
     int status = STATUS_FAILURE;
     switch (code) {
-    case SDO_CODE_BINARY:
-        status = getScalar(id, &m_BinaryValue, sizeof m_BinaryValue);
-        break;
-    case SDO_CODE_BOOL:
-        status = getScalar(id, &m_BoolValue, sizeof m_BoolValue);
-        break;
-    case SDO_CODE_S8:
-        status = getScalar(id, &m_S8Value, sizeof m_S8Value);
-        break;
-    case SDO_CODE_S16:
-        status = getScalar(id, &m_S16Value, sizeof m_S16Value);
-        break;
-    case SDO_CODE_S32:
-        status = getScalar(id, &m_S32Value, sizeof m_S32Value);
-        break;
     case SDO_CODE_NEXUS:
         status = getNexus(id);
-        break;
-    case SDO_CODE_U8:
-        status = getScalar(id, &m_U8Value, sizeof m_U8Value);
-        break;
-    case SDO_CODE_U16:
-        status = getScalar(id, &m_U16Value, sizeof m_U16Value);
-        break;
-    case SDO_CODE_U32:
-        status = getScalar(id, &m_U32Value, sizeof m_U32Value);
-        break;
-    case SDO_CODE_U64:
-        status = getScalar(id, &m_U64Value, sizeof m_U64Value);
         break;
     case SDO_CODE_ASTRING:
         std::memset(m_StringValue, 0, sizeof m_StringValue);
         status = getScalar(id, m_StringValue, sizeof m_StringValue);
         break;
     default:
-        lout << "ZARNEK:stg::SDOProxy::getProperty(): default" << '\n';
-        return;
+        if (code > SDO_CODE_ASTRING) {
+            lout << "ZARNEK:stg::SDOProxy::getProperty(): default" << '\n';
+            return;
+        }
+        status = visitScalar(code, [&](auto& scratch, unsigned char, const char*) {
+            return getScalar(id, &scratch, sizeof scratch);
+        });
+        break;
     }
     if (status != STATUS_SUCCESS || valueMap == nullptr)
         return;

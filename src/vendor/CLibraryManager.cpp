@@ -1,8 +1,8 @@
 #include "vendor/CLibraryManager.h"
 
-#include "support/CCriticalSection.h"
 #include "support/CLogger.h"
 #include "support/LogScope.h"
+#include "support/Singleton.h"
 #include "support/Status.h"
 #include "vendor/CLibraryLoader.h"
 #include "vendor/IVendorLibrary.h"
@@ -16,26 +16,16 @@ CLibraryManager* CLibraryManager::getUniqueInstance()
 {
     static constexpr char LABEL[] = "ZARNEK:CLibraryManager:getUniqueInstance()";
     const stg::LogScope scope(LABEL, "ZARNEK:CLibraryManager: getUniqueInstance()");
-
-    if (m_pLibManager == nullptr) {
-        const CCriticalSection lock;
-        if (m_pLibManager == nullptr) {
-            try {
-                m_pLibManager = new CLibraryManager;
-            } catch (const std::bad_alloc& failure) {
-                stg::lout << "ZARNEK:CLibraryManager::getUniqueInstance(): "
-                          << "Failed to allocate Memory. " << failure.what() << '\n';
-            }
-        }
-    }
-    return m_pLibManager;
+    return stg::uniqueInstance(m_pLibManager, [](const std::bad_alloc& failure) {
+        stg::lout << "ZARNEK:CLibraryManager::getUniqueInstance(): "
+                  << "Failed to allocate Memory. " << failure.what() << '\n';
+    });
 }
 
 short CLibraryManager::destroyMe()
 {
     const stg::LogScope scope("ZARNEK:CLibraryManager:destroyMe()");
-    delete m_pLibManager;
-    m_pLibManager = nullptr;
+    stg::destroyInstance(m_pLibManager);
     return stg::STATUS_SUCCESS;
 }
 
