@@ -6,6 +6,7 @@
 #include "entry/ControlCommand.h"
 #include "support/CCriticalSection.h"
 #include "support/CLogger.h"
+#include "support/Distinct.h"
 #include "support/LogScope.h"
 #include "support/Singleton.h"
 #include "support/Status.h"
@@ -236,10 +237,8 @@ void CCommandHandler::deleteAllElementsFromVector()
     // A manager that stands in the list more than once, after a repeated initialise, dies at its first place;
     // its other places must not be followed then.
     std::vector<ISubSystemManager*> distinct;
-    for (ISubSystemManager* manager : m_SubSystemMgrVector) {
-        if (std::find(distinct.begin(), distinct.end(), manager) == distinct.end())
-            distinct.push_back(manager);
-    }
+    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+        stg::appendDistinct(distinct, manager);
     std::for_each(distinct.begin(), distinct.end(), stg::CCommandHandler_Helper(true));
     m_SubSystemMgrVector.clear();
 }
@@ -282,10 +281,8 @@ void CCommandHandler::deleteAllElementsFromMap()
     const std::map<unsigned int, ISubSystemManager*> elements = m_ControllerSubSystemMap;
     std::vector<ISubSystemManager*> destroyed;
     for (const auto& element : elements) {
-        if (std::find(destroyed.begin(), destroyed.end(), element.second) != destroyed.end())
-            continue;
-        destroyed.push_back(element.second);
-        deleteFromMap(element);
+        if (stg::appendDistinct(destroyed, element.second))
+            deleteFromMap(element);
     }
     m_ControllerSubSystemMap.clear();
 }

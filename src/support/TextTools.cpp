@@ -1,7 +1,7 @@
 #include "support/TextTools.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <cwctype>
@@ -38,7 +38,6 @@ Text removeIf(Text& text, Predicate predicate)
 // A long long holds more than any 32-bit value, so clamping comes out as a 32-bit long would saturate.
 long long leadingNumber(const std::string& text)
 {
-    errno = 0;
     return std::strtoll(text.c_str(), nullptr, 10);
 }
 

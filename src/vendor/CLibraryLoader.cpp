@@ -62,8 +62,10 @@ short CLibraryLoader::createAllLibObjs()
             library->setLibHandle();
             library->setAPIName();
             stg::CLibraryManager_Helper helper;
-            if (helper.checkControllerExistence(library->getVendorId(), library))
-                CLibraryManager::getUniqueInstance()->insertIntoMap(library->getVendorId(), library);
+            if (helper.checkControllerExistence(library->getVendorId(), library)) {
+                if (CLibraryManager* const manager = CLibraryManager::getUniqueInstance())
+                    manager->insertIntoMap(library->getVendorId(), library);
+            }
         }
         m_vendorInfo.pop_back();
     }

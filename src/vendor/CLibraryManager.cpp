@@ -1,6 +1,7 @@
 #include "vendor/CLibraryManager.h"
 
 #include "support/CLogger.h"
+#include "support/Distinct.h"
 #include "support/LogScope.h"
 #include "support/Singleton.h"
 #include "support/Status.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <new>
+#include <vector>
 
 CLibraryManager* CLibraryManager::m_pLibManager = nullptr;
 
@@ -111,8 +113,12 @@ short CLibraryManager::updateLibraryMultiMap(LibraryPair& pair)
 short CLibraryManager::removeAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CLibraryManager:removeAllElementsFromMap()");
+    // A library that was inserted twice is deleted once.
+    std::vector<IVendorLibrary*> libraries;
     for (const auto& entry : m_libMap)
-        delete entry.second;
+        stg::appendDistinct(libraries, entry.second);
+    for (IVendorLibrary* library : libraries)
+        delete library;
     m_libMap.clear();
     return stg::STATUS_SUCCESS;
 }

@@ -8,6 +8,7 @@
 
 #include <iterator>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace

@@ -11,7 +11,7 @@
 class IVendorLibrary
 {
   public:
-    // `vendorId` is a decimal number, anything else counts as 0; `libName` is a file name without ".so".
+    // `vendorId` counts by its leading decimal digits, 0 without any; `libName` is a file name without ".so".
     IVendorLibrary(std::string vendorId, std::string libName);
     IVendorLibrary(const IVendorLibrary&) = delete;
     IVendorLibrary& operator=(const IVendorLibrary&) = delete;

@@ -2,8 +2,8 @@
 // mapping file below the install path. Nothing is kept between calls and nothing is locked.
 //
 // File paths are given relative to the install path and begin with "/". The grammar of the mapping file:
-// a line that begins with ";" is a comment; a line with "[" and "]" heads a section; any other is key=value
-// and loses all its white space first. Lines ahead of the first section count as being in every section. A
+// a line loses all its white space first; one that begins with ";" is a comment, one with "[" and "]" heads a
+// section, any other is key=value. Lines ahead of the first section count as being in every section. A
 // line that holds nothing but white space, without being empty, ends the reading with std::out_of_range.
 #ifndef ZARNEK_VENDOR_INIACCESS_H
 #define ZARNEK_VENDOR_INIACCESS_H
