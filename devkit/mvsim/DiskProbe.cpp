@@ -112,8 +112,6 @@ void readLink(const SysfsFolder& device, Disk& disk)
             disk.config.LinkSpeed = current != nullptr ? current->code : 0;
             best = best != nullptr ? best : current;
             disk.info.FeatureFlags |= best != nullptr ? best->features : 0;
-        } else if (startsWith(name, "usb")) {
-            return; // what lies behind the bridge is not the machine's own link
         }
     }
 }

@@ -51,7 +51,7 @@ DEVKIT_EXPORT unsigned int mvsim_polls(void);
 // The last poll number at which the scenario's timeline does anything; 0 without a timeline.
 DEVKIT_EXPORT unsigned int mvsim_last_poll(void);
 
-// No adapters, no sink, poll 0.
+// No adapters, no sinks, no sequence base, poll 0. The environment is not asked any more.
 DEVKIT_EXPORT void mvsim_reset(void);
 
 #ifdef __cplusplus

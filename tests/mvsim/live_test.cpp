@@ -76,6 +76,15 @@ class LiveTest : public SimTest
         const auto* start = reinterpret_cast<const char*>(answer.entries.data()) + offset;
         return {start, strnlen(start, width)};
     }
+    static std::uint64_t freeKB(std::uint16_t id)
+    {
+        _HD_FreeSpaceInfo_Request request{};
+        request.Header.RequestType = MV_REQUEST_ONE_DEVICE;
+        request.Header.StartIndexOrId = id;
+        request.Header.NumRequested = 1;
+        EXPECT_EQ(MV_PD_GetFreeSpaceInfo(0, &request), 0U);
+        return request.Answer.FreeSizeKB;
+    }
     static unsigned int driveStatus() { return list(&MV_LD_GetInfo).entries[0x02]; }
 };
 
@@ -91,6 +100,8 @@ TEST_F(LiveTest, DiskFromEveryPlace)
     put("block/nvme0n1/size", "1875385008");
     put("block/nvme0n1/queue/logical_block_size", "4096");
     put("block/nvme0n1/queue/rotational", "0");
+    put("block/nvme0c0n1/device/model", "PATH TO THE SAME");
+    put("block/nvme0c0n1/hidden", "1");
     fs::create_directory_symlink("../../devices/pci1/nvme/nvme0", m_folder.path("sys/block/nvme0n1/device"));
 
     const std::string sas = "devices/pci2/host1/port-1:0/end_device-1:0/target1:0:0/1:0:0:0";
@@ -109,10 +120,12 @@ TEST_F(LiveTest, DiskFromEveryPlace)
     put("block/sdd/device/model", "CARD READER");
     put("block/sdd/removable", "1");
     put("block/sdd/size", "0");
+    putSata("sdz", "12", "5A02");
+    remove("devices/pci0000:00/0000:00:1f.2/ata12/link12/ata_link/link12/hw_sata_spd_limit");
     loadLive();
 
     const Answer infos = list(&MV_PD_GetHDInfo_Ext);
-    ASSERT_EQ(infos.returned, 4U);
+    ASSERT_EQ(infos.returned, 5U);
     struct Case {
         const char* model;
         const char* serial;
@@ -128,6 +141,7 @@ TEST_F(LiveTest, DiskFromEveryPlace)
     const Case cases[] = {
         {"KORVAL H4T72", "5A01", "KC43", 1, 0x9c, 3907018584, 512, 0, Bytes(8), 2},
         {"ORBEN TK1200R10", "", "", 4, 0, 0, 512, 0, {0x50, 1, 0xff, 0, 0xa1, 0xb2, 0xc3, 0xd4}, 0},
+        {"KORVAL H4T72", "5A02", "KC43", 1, 0x1c, 3907018584, 512, 0, Bytes(8), 2},
         {"vda", "disk-of-a-guest", "", 0, 0, 0, 512, 0, Bytes(8), 0},
         {"TESSEN NVX", "NVX-0001", "2.0.1", 0, 0, 937692504, 4096, 1, Bytes(8), 0},
     };
@@ -150,11 +164,7 @@ TEST_F(LiveTest, DiskFromEveryPlace)
         EXPECT_EQ(configs.word(i * 8 + 6), i);
         EXPECT_EQ(diskFlags(static_cast<std::uint16_t>(i)), 1U);
     }
-    _HD_FreeSpaceInfo_Request space{};
-    space.Header.RequestType = MV_REQUEST_ONE_DEVICE;
-    space.Header.NumRequested = 1;
-    EXPECT_EQ(MV_PD_GetFreeSpaceInfo(0, &space), 0U);
-    EXPECT_EQ(std::uint64_t{space.Answer.FreeSizeKB}, 3907018584U - 1048576) << "all but the partition";
+    EXPECT_EQ(freeKB(0), 3907018584U - 1048576) << "all but the partition";
     EXPECT_THAT(poll(), IsEmpty());
 }
 
@@ -246,6 +256,15 @@ TEST_F(LiveTest, MembersMakeDiskStates)
         flags.push_back(diskFlags(id));
     }
     EXPECT_THAT(flags, ElementsAre(2, 8, 8, 2, 1, 2)) << "sda to sde, nvme0n1";
+    EXPECT_EQ(freeKB(0), 1024U) << "a member on a partition takes no more than the partition";
+    EXPECT_EQ(freeKB(1), 512U) << "a whole disk gives what the array takes of it";
+
+    // Without redundancy there is no count of missing disks, but a faulty one is enough.
+    EXPECT_EQ(driveStatus(), 0U);
+    put("block/md0/md/level", "raid0");
+    remove("block/md0/md/degraded");
+    poll();
+    EXPECT_EQ(driveStatus(), 3U);
 }
 
 TEST_F(LiveTest, ChangesBecomeEvents)

@@ -97,7 +97,8 @@ TEST_F(RecordsTest, AdapterRecords)
         "raw": {"info": {"0x12f": "99"}, "config": {"0x3f": "98"}, "oem": {"0x47": "97"}},
         "disks": [{"id": 1, "slot": 1, "repeat": 3}, {"id": 9, "slot": 9, "gone": true}],
         "virtualDisks": [{"id": 5}, {"id": 6}]
-      }, {"slot": 0, "maxBufferKB": 0, "pdCount": 200, "raw": {"info": {"0x5d": "c9"}}}]})");
+      }, {"slot": 0, "maxBufferKB": 0, "pdCount": 200, "vdCount": 201},
+      {"slot": 0, "maxBufferKB": 0, "raw": {"info": {"0x5a": "c8", "0x5d": "c9"}}}]})");
     Bytes info(304, 0xee);
     auto* infoRecord = reinterpret_cast<_Adapter_Info*>(info.data());
     unsigned int count = 0;
@@ -109,8 +110,10 @@ TEST_F(RecordsTest, AdapterRecords)
                                  {0x5d, {2}},
                                  {0x6a, {8, 9}},
                                  {0x12f, {0x99}}}));
-    EXPECT_EQ(MV_Adapter_GetInfo(1, &count, infoRecord), 0U);
-    EXPECT_EQ(info, record(304, {{0x5a, {200}}, {0x5d, {0xc9}}}));
+    for (const unsigned char adapter : {std::uint8_t{1}, std::uint8_t{2}}) {
+        EXPECT_EQ(MV_Adapter_GetInfo(adapter, &count, infoRecord), 0U);
+        EXPECT_EQ(info, record(304, {{0x5a, {200}}, {0x5d, {201}}}));
+    }
 
     Bytes config(64, 0xee);
     EXPECT_EQ(MV_Adapter_GetConfig(0, &count, reinterpret_cast<_Adapter_Config_V2*>(config.data())), 0U);

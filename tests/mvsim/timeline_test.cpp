@@ -127,7 +127,7 @@ TEST_F(TimelineTest, SequenceNumbers)
 TEST_F(TimelineTest, RulesComeAndGo)
 {
     loadAdapter(
-        R"("fail": {"MV_Adapter_GetConfig": {"status": 9, "polls": 1}}, "disks": [{"id": 1, "slot": 0}])",
+        R"("fail": {"MV_Adapter_GetConfig": 9, "MV_LD_GetConfig": {"status": 3, "polls": 1}}, "disks": [{"id": 1, "slot": 0}])",
         R"("timeline": [
         {"poll": 2, "fail": {"MV_EVT_GetEvent": {"status": 187, "polls": 2}, "MV_Adapter_GetConfig": 5},
                     "answers": {"MV_PD_GetHDInfo_Ext": {"count": 0}},
@@ -139,11 +139,13 @@ TEST_F(TimelineTest, RulesComeAndGo)
     EXPECT_EQ(configStatus(), 9U);
     poll();
     EXPECT_EQ(configStatus(), 9U);
+    EXPECT_EQ(list(&MV_LD_GetConfig).status, 3U);
 
     std::array<_Event, 50> events{};
     unsigned int count = 77;
     EXPECT_EQ(MV_EVT_GetEvent(0, 50, &count, events.data()), 187U);
     EXPECT_EQ(configStatus(), 5U);
+    EXPECT_EQ(list(&MV_LD_GetConfig).status, 0U);
     EXPECT_THAT(disks(), IsEmpty());
     EXPECT_EQ(MV_EVT_GetEvent(0, 50, &count, events.data()), 187U);
     EXPECT_EQ(count, 77U);
