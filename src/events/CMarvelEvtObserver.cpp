@@ -70,7 +70,7 @@ CMarvelEvtObserver::~CMarvelEvtObserver() = default;
 void CMarvelEvtObserver::getAssociatedWith(IEvtSubject* subject, short (*callback)(ICommand&))
 {
     const stg::LogScope scope("ZARNEK:CMarvelEvtObserver::getAssociatedWith()");
-    subject->registerMe(m_pMarvelEvtObserverInstance, nullptr);
+    subject->registerMe(getUniqueInstance(), nullptr);
     m_pfnTakeAction = callback;
 }
 

@@ -171,10 +171,10 @@ short IEventManager::stopThread(Thread& thread)
 void IEventManager::thread_call_back(void* argument)
 {
     static constexpr char LABEL[] = "ZARNEK:IEventManager::thread_call_back()";
-    const stg::LogScope scope(LABEL);
     auto* const subject = static_cast<IEvtSubject*>(argument);
     if (subject == nullptr)
-        return;
+        return; // the subject of a stopped thread: nothing happens
+    const stg::LogScope scope(LABEL);
     stg::lout << LABEL << ": "
               << "Thread related to Event Subject ID: " << subject->getSubjectID()
               << " is going to be started." << '\n';

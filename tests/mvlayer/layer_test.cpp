@@ -1,0 +1,335 @@
+#include "common/PluginTest.h"
+#include "events/CMarvelAlert.h"
+#include "model/CMarvelPhysicalDevice.h"
+#include "model/CMarvelVirtualDevice.h"
+#include "model/CMarvellController.h"
+#include "mvlayer/CMVLibraryInterfaceLayer.h"
+#include "vendor/CLibraryManager.h"
+#include "vendor/CMarvellVendorLibrary.h"
+
+#include <array>
+#include <optional>
+#include <tuple>
+
+namespace
+{
+
+using namespace testing;
+
+using Layer = CMVLibraryInterfaceLayer;
+using Bytes = std::vector<unsigned char>;
+using Numbers = std::vector<unsigned long long>;
+using Outcome = std::vector<Numbers>; // status and objects of a query
+constexpr unsigned int NONE = stg::NUMBER_UNKNOWN;
+constexpr auto LIST_WRAPPERS = {&Layer::getPhysicalDisksInfo, &Layer::getPhysicalDiskConfig,
+                                &Layer::getVirtualDisksInfo, &Layer::getVirtualDiskConfig};
+
+// What each record and the numbers of the controller give to an object.
+Numbers numbers(const CPhysicalDevice& disk)
+{
+    return {disk.getDevID(),          disk.getSlotNum(), disk.getState(), disk.getFreeRaidDiskSpace(),
+            disk.getGlobalCntrlNum(), disk.getCntrID()};
+}
+
+Numbers numbers(const CVirtualDevice& drive)
+{
+    return {drive.getDeviceID(), drive.getLogicalDriveNum(), drive.getVDState(),
+            drive.getGlobalControllerNo(), drive.getControllerID()};
+}
+
+class LayerTest : public PluginTest
+{
+  protected:
+    LayerTest()
+    {
+        play("");
+        CLibraryManager::getUniqueInstance()->initializeLibrary();
+        m_layer.emplace(9U, nullptr);
+    }
+
+    // Plays a system with one adapter from here on.
+    void play(const std::string& members, unsigned int maxBufferKB = 64, const std::string& top = "")
+    {
+        loadScenario(R"({"format": 1, "name": "test", "adapters": [{"slot": 3, "maxBufferKB": )" +
+                     std::to_string(maxBufferKB) + members + "}]" + top + "}");
+        clear();
+    }
+
+    // The header of a request among memory that bears a pattern. Nothing is asked with a null request.
+    template <class Argument, class Request>
+    Bytes header(short (Layer::*wrapper)(unsigned int, Argument, Request*),
+                 std::common_type_t<Argument> argument)
+    {
+        Bytes bytes(2000, 0xAA);
+        auto* const request = reinterpret_cast<Request*>(bytes.data());
+        EXPECT_EQ(
+            (*m_layer.*wrapper)(0x100, argument, nullptr) + (*m_layer.*wrapper)(0x100, argument, request), 0);
+        EXPECT_EQ(bytes.back(), 0xAA);
+        bytes.resize(16);
+        return bytes;
+    }
+
+    // Queries on fresh objects. A 0 is a null element.
+    template <class Device, class Base>
+    Outcome list(short (Layer::*query)(unsigned int, unsigned int, std::vector<Base*>&),
+                 const std::string& marks)
+    {
+        std::vector<Device> devices(marks.size());
+        std::vector<Base*> objects;
+        for (std::size_t i = 0; i < marks.size(); ++i)
+            objects.push_back(marks[i] == '0' ? nullptr : &devices[i]);
+        const auto status = static_cast<unsigned short>((*m_layer.*query)(70, 0, objects));
+        Outcome result = {{status}};
+        for (const Device& device : devices)
+            result.push_back(numbers(device));
+        return result;
+    }
+    Outcome disks(const char* marks) { return list<CMarvelPhysicalDevice>(&Layer::getAllPDInfo, marks); }
+    Outcome drives(const char* marks) { return list<CMarvelVirtualDevice>(&Layer::getAllVDInfo, marks); }
+    Outcome disk(const char* slot)
+    {
+        CMarvelPhysicalDevice object;
+        object.setCntrID(0);
+        object.setSlotNum(static_cast<unsigned int>(*slot - '0'));
+        const auto status = static_cast<unsigned short>(m_layer->getPDInfo(object));
+        return {{status}, numbers(object)};
+    }
+    Outcome drive(const char* id)
+    {
+        CMarvelVirtualDevice object;
+        object.setControllerID(0);
+        object.setDeviceID(static_cast<unsigned int>(*id - '0'));
+        const auto status = static_cast<unsigned short>(m_layer->getVDInfo(object));
+        return {{status}, numbers(object)};
+    }
+    Outcome controller(const char*)
+    {
+        CMarvellController object;
+        object.setControllerID(0);
+        const auto status = static_cast<unsigned short>(m_layer->getControllerInfo(object));
+        return {{status}, {object.getSlotID(), object.getRebuildRate(), object.getFWVersion().size()}};
+    }
+
+    std::optional<Layer> m_layer;
+};
+
+TEST_F(LayerTest, CallsAndSaysInOrder)
+{
+    play(R"(, "disks": [{"id": 21, "slot": 6}], "virtualDisks": [{"id": 8}], "rom": [2, 5, 13, 7])");
+    std::vector<CAlert*> alerts;
+    disk("6");
+    EXPECT_THAT(vendorCalls(), ElementsAre("MV_Adapter_GetCount() = 1", "MV_Adapter_GetInfo(0) = 0",
+                                           "MV_PD_GetHDInfo_Ext(0, list from 0, 263) = 0, 1 entry",
+                                           "MV_PD_GetConfig(0, list from 0, 8189) = 0, 1 entry",
+                                           "MV_PD_GetHDRaidStatus(0, device 21) = 0, 1 entry",
+                                           "MV_PD_GetFreeSpaceInfo(0, device 21) = 0, 1 entry"));
+    disks("0"); // asks for the status of a null element too
+    EXPECT_EQ(vendorCalls().size(), 12U);
+    EXPECT_EQ(m_layer->getPDCount(0), 1U);
+    EXPECT_EQ(m_layer->getVDCount(0), 1U);
+    drive("8");
+    drives("1");
+    controller("");
+    m_layer->getEventInfo({1, 0}, alerts);
+    m_layer->releaseEventInfoVector(alerts);
+    m_layer.reset();
+    m_layer.emplace(9U, nullptr);
+    const std::string prefix = "ZARNEK:CLibraryInterfaceLayer: ";
+    for (const char* query : {"getPDInfo()  ", "getAllPDInfo()  "}) {
+        for (const char* words :
+             {"getPhysicalDisksInfo", "getPhysicalDiskConfig", "pHdRaidStatusReq", "pHdFreeSpaceReq"})
+            EXPECT_THAT(messages(), Contains(prefix + query + words + " Successful ").Times(1));
+    }
+    for (const char* line : {"getAllPDInfo(): bufSize = 65536", "getPDCount()  maxNum:264",
+                             "getPDCount()  getPhysicalDisksInfo Successful ", "getVDInfo() maxNum :210",
+                             "getAllVDInfo() maxNum : 210", "getAdapterInfo() Successful ",
+                             "getAdapterConfig() Successful ", "ILibraryInterfaceLayer() Ctor "})
+        EXPECT_THAT(messages(), Contains(prefix + line).Times(1));
+    EXPECT_THAT(vendorCalls(), IsSupersetOf({"MV_API_Finalize() = 0", "MV_API_Initialize() = 0"}));
+    for (const char* line :
+         {"ZARNEK:CMVLibraryInterfaceLayer:getAdapterROMVersion:ROM Version=2.5.13.0007",
+          "ZARNEK:CMVLibraryInterfaceLayer: getAdapterROMVersion() Successful: ROM Version = 2.5.13.0007",
+          " ZARNEK:CLibraryInterfaceLayer:getEventInforeturn Event Count:0",
+          "ZARNEK:CMVLibraryInterfaceLayer:libExit() calling  mvAPIFinal",
+          "ZARNEK:CMVLibraryInterfaceLayer:libExit() ENTRY ", "ZARNEK:CLibraryInterfaceLayer:libExit() EXIT ",
+          "ZARNEK:CLibraryInterfaceLayer:getEvents() EXIT ",
+          "ZARNEK:CLibraryInterfaceLayer:freeEventInfoVector() ENTRY ",
+          "ZARNEK:CMVLibraryInterfaceLayer:getAdapterROMVersion() EXIT "})
+        EXPECT_THAT(log(), Contains(line).Times(1));
+}
+
+// A library that is not there, or of which nothing is bound, reads as success with an empty answer.
+TEST_F(LayerTest, AnswersNothingWithoutLibraryOrEntryPoints)
+{
+    CLibraryManager::destroyMe();
+    clear();
+    for (const bool registered : {false, true}) {
+        if (registered)
+            CLibraryManager::getUniqueInstance()->insertIntoMap(9, new CMarvellVendorLibrary("9", ""));
+        m_layer.emplace(9U, nullptr);
+        std::vector<CAlert*> alerts;
+        EXPECT_EQ(m_layer->getControllerCount() + m_layer->getControllerCount(nullptr) +
+                      m_layer->getPDCount(0) + m_layer->getVDCount(0) + m_layer->getMarvellBufSize(0),
+                  0U);
+        EXPECT_EQ(m_layer->getEventInfo({1, 0}, alerts) + m_layer->flushEvents(0), 0);
+        EXPECT_EQ(controller(""), (Outcome{{0}, {0, 50, 0}})) << "reads zeroed records";
+        for (const auto& outcome : {disk("6"), disks(""), drive("6"), drives("")})
+            EXPECT_EQ(outcome[0], Numbers{0});
+        for (const auto wrapper : LIST_WRAPPERS)
+            EXPECT_EQ(header(wrapper, 2), Bytes(16, 0xAA));
+    }
+    EXPECT_THAT(vendorCalls(), IsEmpty());
+}
+
+TEST_F(LayerTest, WritesTheHeadersOfItsRequests)
+{
+    play(R"(, "disks": [{"id": 770, "slot": 1, "repeat": 3}], "virtualDisks": [{"id": 5, "repeat": 3}])");
+    for (const auto wrapper : LIST_WRAPPERS) {
+        EXPECT_THAT(header(wrapper, 3), ElementsAre(0, 1, 0, 0, 2, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+        EXPECT_THAT(header(wrapper, 1), ElementsAre(0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+        EXPECT_THAT(header(wrapper, 0x203), ElementsAre(0, 1, 0, 0, 2, 2, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+    }
+    for (const Bytes& bytes :
+         {header(&Layer::getPhysicalDiskStatus, 771), header(&Layer::getPhysicalDiskFreeSpace, 771)})
+        EXPECT_THAT(bytes, ElementsAre(0, 2, 3, 3, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+    EXPECT_EQ(vendorCalls().size(), 14U);
+    EXPECT_THAT(vendorCalls(), Each(HasSubstr("(0, "))) << "an adapter index is a byte";
+}
+
+TEST_F(LayerTest, ReadsTheLowByteAndNamesErrors)
+{
+    using Case = std::pair<unsigned int, std::string>;
+    for (const auto& [result, words] :
+         {Case{1, "ERR_FAIL "}, Case{5, "ERR_REQ_OUT_OF_RANGE "}, Case{13, "ERR_INVALID_ADAPTER_ID "},
+          Case{187, "ERR_RESCANING "}, Case{2, "UNKOWN ERROR :%d 2"},
+          Case{0xFFFFFFFF, "UNKOWN ERROR :%d 255"}, Case{0x1BB, "ERR_RESCANING "}, Case{256, ""}}) {
+        play(R"(, "fail": {"MV_EVT_FlushEvent": )" + std::to_string(result) + "}", 64,
+             R"(, "answers": {"MV_Adapter_GetCount": {"count": 514}})");
+        EXPECT_EQ(m_layer->flushEvents(0x200), static_cast<short>(result & 0xFF));
+        EXPECT_EQ(messages(),
+                  words.empty() ? Lines{}
+                                : Lines{"ZARNEK:CLibraryInterfaceLayer: mvErrorDisplay() FAILED: " + words});
+        EXPECT_EQ(m_layer->getControllerCount(), 2U);
+    }
+}
+
+// Lists are sized by the adapter's largest answer, in 32 bits, and their counts are cut to 16.
+TEST_F(LayerTest, SizesItsLists)
+{
+    using Case = std::array<unsigned int, 5>;
+    for (const auto& [maxBufferKB, diskInfo, diskConfig, driveInfo, driveConfig] :
+         {Case{0, 16912, 65534, 3360, 43690}, Case{1, 4, 126, 3, 42}, Case{2, 8, 254, 6, 84},
+          Case{65535, 8452, 65406, 18481, 43647}}) {
+        play("", maxBufferKB);
+        const auto line = [](const std::string& call, unsigned int count) {
+            return "MV_" + call + "(0, list from 0, " + std::to_string(count - 1) + ") = 0, 0 entries";
+        };
+        disks("");
+        drives("");
+        const std::string count = "MV_Adapter_GetCount() = 1", info = "MV_Adapter_GetInfo(0) = 0";
+        EXPECT_THAT(vendorCalls(),
+                    ElementsAre(count, info, line("PD_GetHDInfo_Ext", diskInfo),
+                                line("PD_GetConfig", diskConfig), count, info, line("LD_GetInfo", driveInfo),
+                                line("LD_GetConfig", driveConfig)));
+    }
+}
+
+// A call that fails although it fills its answer; lists that claim so many entries.
+std::string fails(const std::string& call)
+{
+    return R"(, "fail": {"MV_)" + call + R"(": {"status": 5, "filled": true}})";
+}
+
+std::string claims(int count, const std::string& list, const std::string& other = "EVT_GetEvent")
+{
+    const std::string text = R"(": {"count": )" + std::to_string(count) + "}";
+    return R"(, "answers": {"MV_)" + list + text + R"(, "MV_)" + other + text + "}";
+}
+
+TEST_F(LayerTest, FillsDevicesFromListsThatFitTogether)
+{
+    using T = std::decay_t<decltype(*this)>;
+    const std::string devices = R"(, "disks": [{"id": 21, "slot": 5, "freeKB": 1, "raidStatus": "online"},
+        {"id": 22, "slot": 6, "freeKB": 2, "raidStatus": "failed"}, {"id": 23, "slot": 7, "freeKB": 3, "raidStatus": "ready"}],
+        "virtualDisks": [{"id": 8, "logicalDrive": 3, "status": "degraded"}, {"id": 9, "logicalDrive": 4, "status": "failed"}])";
+    const Numbers d1{21, 5, 4, 1024, 70, 0}, d2{22, 6, 8, 2048, 70, 0}, d3{23, 7, 1, 3072, 70, 0}, d(6, NONE);
+    const Numbers v1{8, 3, 32, 70, 0}, v2{9, 4, 1048576, 70, 0}, v(5, NONE), ok{0};
+    const Numbers at0{NONE, 0, NONE, NONE, NONE, 0}, at6{NONE, 6, NONE, NONE, NONE, 0},
+        at9{9, NONE, NONE, NONE, 0};
+    const std::string laterFail = R"(, "fail": {"MV_PD_GetHDRaidStatus": {"status": 1, "from": 2},
+        "MV_PD_GetFreeSpaceInfo": {"status": 1, "from": 2}})";
+    const std::string rom = R"(, "rebuildRate": 255, "rom": [2, 5, 13, 7])";
+    struct Case {
+        Outcome (LayerTest::*query)(const char*);
+        const char* argument;
+        std::string rules;
+        Outcome result;
+        unsigned int maxBufferKB = 64;
+    };
+    for (const Case& c :
+         {Case{&T::disk, "6", "", {ok, {22, 6, 8, 2048, NONE, 0}}},
+          Case{&T::disk, "6", fails("PD_GetHDInfo_Ext"), {ok, at6}},
+          Case{&T::disk, "6", fails("PD_GetConfig"), {ok, at6}},
+          Case{&T::disk, "6", fails("PD_GetHDRaidStatus"), {ok, {22, 6, 8, 2048, NONE, 0}}},
+          Case{&T::disk, "6", claims(2, "PD_GetHDInfo_Ext"), {ok, at6}},
+          Case{&T::disk, "0", claims(9000, "PD_GetHDInfo_Ext", "PD_GetConfig"), {ok, at0}, 1},
+          Case{&T::disks, "111", "", {ok, d1, d2, d3}},
+          Case{&T::disks, "101", "", {ok, d1, d, d2}},
+          Case{&T::disks, "111", laterFail, {ok, d1, {22, 6, 0, 0, 70, 0}, {23, 7, 0, 0, 70, 0}}},
+          Case{&T::disks, "11", "", {ok, d, d}},
+          Case{&T::disks, "1111", "", {ok, d, d, d, d}},
+          Case{&T::disks, "111", fails("PD_GetHDInfo_Ext"), {ok, d, d, d}},
+          Case{&T::disks, "111", claims(2, "PD_GetConfig"), {ok, d, d, d}},
+          Case{&T::disks, "1111", claims(4, "PD_GetHDInfo_Ext", "PD_GetConfig"), {ok, d1, d2, d3, d}, 1},
+          Case{&T::drive, "9", "", {ok, {9, 4, 1048576, NONE, 0}}},
+          Case{&T::drive, "9", fails("LD_GetInfo"), {ok, at9}},
+          Case{&T::drive, "9", fails("LD_GetConfig"), {{5}, {9, NONE, 1048576, NONE, 0}}},
+          Case{&T::drive, "9", R"(, "fail": {"MV_LD_GetInfo": 5, "MV_LD_GetConfig": 187})", {{187}, at9}},
+          Case{&T::drive, "9", claims(1, "LD_GetConfig"), {ok, at9}},
+          Case{&T::drive, "0", claims(9, "LD_GetInfo", "LD_GetConfig"), {ok, {0, NONE, NONE, NONE, 0}}, 1},
+          Case{&T::drives, "0101", "", {ok, v, v1, v, v2}},
+          Case{&T::drives, "1", "", {ok, v}},
+          Case{&T::drives, "111", "", {ok, v1, v2, {0, 0, 1, 70, 0}}},
+          Case{&T::drives, "11", claims(1, "LD_GetInfo"), {ok, v, v}},
+          Case{&T::drives, "11", R"(, "fail": {"MV_LD_GetConfig": 187})", {{187}, v, v}},
+          Case{&T::drives, "1111", claims(4, "LD_GetInfo", "LD_GetConfig"), {ok, v1, v2, v, v}, 1},
+          Case{&T::controller, "", rom, {ok, {3, 100, 11}}},
+          Case{&T::controller, "", R"(, "rom": [65535, 65535, 65535, 65535])", {ok, {3, 50, 19}}},
+          Case{&T::controller, "", rom + R"(, "fail": {"MV_Adapter_GetInfo": 5})", {ok, {0, 100, 11}}},
+          Case{&T::controller, "", rom + R"(, "fail": {"MV_Adapter_GetConfig": 5})", {ok, {3, 50, 11}}},
+          Case{&T::controller, "", rom + fails("Adapter_Get_OEM_Data"), {{5}, {3, 100, 0}}}}) {
+        play(devices + c.rules, c.maxBufferKB);
+        EXPECT_EQ((this->*c.query)(c.argument), c.result) << c.argument << c.rules;
+    }
+    play(devices + R"(, "fail": {"MV_PD_GetHDInfo_Ext": {"status": 5, "filled": true},
+                                 "MV_LD_GetInfo": {"status": 5, "filled": true}})");
+    EXPECT_EQ(m_layer->getPDCount(0) + m_layer->getVDCount(0), 0U);
+}
+
+TEST_F(LayerTest, FetchesAndReleasesEvents)
+{
+    using Case = std::tuple<std::string, std::string, std::string, std::size_t>;
+    for (const auto& [repeat, rules, said, count] :
+         {Case{"", "", "Count:0", 0}, Case{"49", "", "Count:50", 50}, Case{"50", "", "Count:50", 50},
+          Case{"50", claims(51, "EVT_GetEvent", "PD_GetConfig"), "Count:51", 50},
+          Case{"1", fails("EVT_GetEvent"), "ERR_REQ_OUT_OF_RANGE ", 0}}) {
+        const std::string timeline = R"(, "timeline": [{"poll": 1, "events": [
+            {"code": "diskFailed", "sequence": 4000000000}, {"code": "diskFailed", "sequence": 12, "repeat": )";
+        play(rules, 64, repeat.empty() ? "" : timeline + repeat + "}]}]");
+        std::vector<CAlert*> alerts = {nullptr}; // stays where it is
+        EXPECT_EQ(m_layer->getEventInfo({70, 0x100}, alerts), rules.find("fail") == 3 ? 5 : 0);
+        ASSERT_EQ(alerts.size(), 1 + count);
+        EXPECT_THAT(vendorCalls(), ElementsAre(HasSubstr("(0, at most 50) = ")));
+        EXPECT_THAT(messages().front(), EndsWith(said));
+        if (count != 0) {
+            EXPECT_EQ(alerts[1]->getEventSeqNum(), 4000000000U);
+            EXPECT_EQ(alerts.back()->getEventSeqNum(), 12U);
+            EXPECT_EQ(alerts.back()->getControlNotify().getGlobalControllerNumber(), 70U);
+            EXPECT_EQ(alerts.back()->getControlNotify().getControllerID(), 0x100U);
+        }
+        EXPECT_EQ(m_layer->releaseEventInfoVector(alerts), 0);
+        EXPECT_THAT(alerts, IsEmpty());
+    }
+}
+
+} // namespace
