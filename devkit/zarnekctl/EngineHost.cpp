@@ -63,11 +63,14 @@ EngineHost::EngineHost(const Options& options, const Installation& installation,
 {
     morlan_set_install_path(config.path().c_str());
     morlan_set_private_ini(config.privateIni().c_str());
+    morlan_set_debug_sink(addToLog, &m_log);
     const fs::path plugin = options.plugin ? fs::path(*options.plugin) : installation.plugin();
+    m_plugin.emplace(plugin, m_trace);
+    // The plug-in opens the vendor library by name at its first command, and then gets this one.
     m_vendorLibrary.emplace(vendorLibraryName(), fs::absolute(plugin).parent_path());
     chooseSource(options, installation, config, defaultScenario);
-    connectSinks();
-    m_plugin.emplace(plugin, m_trace);
+    if (m_trace.isOn())
+        traceCalls();
 }
 
 EngineHost::~EngineHost()
@@ -105,11 +108,8 @@ void EngineHost::chooseSource(const Options& options, const Installation& instal
     }
 }
 
-void EngineHost::connectSinks()
+void EngineHost::traceCalls()
 {
-    morlan_set_debug_sink(addToLog, &m_log);
-    if (!m_trace.isOn())
-        return;
     morlan_set_call_sink(traceSupportCall, &m_trace);
     ral_set_call_sink(traceEngineCall, &m_trace);
     m_vendorLibrary->setCallSink(traceVendorCall, &m_trace);

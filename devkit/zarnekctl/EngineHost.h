@@ -1,5 +1,5 @@
-// The data engine's side of a run: points the support library at the configuration, opens vendor library and
-// plug-in, gathers what all of them say, and sends the control commands.
+// The data engine's side of a run: points the support library at the configuration, opens plug-in and
+// vendor library, gathers what all of them say, and sends the control commands.
 #ifndef ZARNEKCTL_ENGINE_HOST_H
 #define ZARNEKCTL_ENGINE_HOST_H
 
@@ -51,13 +51,13 @@ class EngineHost
   private:
     void chooseSource(const Options& options, const Installation& installation, const ConfigFolder& config,
                       const std::string& defaultScenario);
-    void connectSinks();
+    void traceCalls();
     void send(ControlCommand command, void* input = nullptr, void** output = nullptr);
 
     Trace m_trace;
     DebugLog m_log;
-    std::optional<VendorLibrary> m_vendorLibrary;
     std::optional<Plugin> m_plugin;
+    std::optional<VendorLibrary> m_vendorLibrary;
     std::string m_source;
     bool m_playsScenario = false;
     unsigned int m_controllersFound = 0;
