@@ -269,7 +269,7 @@ TEST_F(HandlerTest, MapKeepsTheFirstManagerAndLosesByKey)
     expectDestructions(2);
 }
 
-TEST_F(HandlerTest, CopiedHelperHasNoFactory)
+TEST_F(HandlerTest, CopiedHelperKeepsItsModeButNoFactory)
 {
     CSubSystemFactory factory;
     CSubSystemFactory* borrowed = &factory;
@@ -278,6 +278,11 @@ TEST_F(HandlerTest, CopiedHelperHasNoFactory)
     std::memcpy(fields, &original, sizeof fields / 2);
     std::memcpy(fields + 2, &copy, sizeof fields / 2);
     EXPECT_THAT(fields, ElementsAre(&m_handler, &factory, &m_handler, nullptr));
+
+    const stg::CCommandHandler_Helper remover(true);
+    ISubSystemManager* removed = &m_alike;
+    EXPECT_TRUE(stg::CCommandHandler_Helper(remover)(removed));
+    expectDestructions(1);
 }
 
 } // namespace
