@@ -41,7 +41,7 @@ CMVLibraryInterfaceLayer::~CMVLibraryInterfaceLayer()
 
 CMarvellVendorLibrary* CMVLibraryInterfaceLayer::library() const
 {
-    return m_pMarvellLib != nullptr && CLibraryManager::isRegistered(m_pMarvellLib) ? m_pMarvellLib : nullptr;
+    return m_pMarvellLib != nullptr && IVendorLibrary::isAlive(m_pMarvellLib) ? m_pMarvellLib : nullptr;
 }
 
 short CMVLibraryInterfaceLayer::statusOf(unsigned int result)
@@ -80,26 +80,29 @@ short CMVLibraryInterfaceLayer::callOneDevice(Function function, unsigned int id
 void CMVLibraryInterfaceLayer::libInit()
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:libInit()");
-    if (library() != nullptr && library()->getMVInitAPI() != nullptr)
-        library()->getMVInitAPI()();
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary != nullptr && vendorLibrary->getMVInitAPI() != nullptr)
+        vendorLibrary->getMVInitAPI()();
 }
 
 void CMVLibraryInterfaceLayer::libExit()
 {
     const stg::LogScope scope("ZARNEK:CMVLibraryInterfaceLayer:libExit()",
                               "ZARNEK:CLibraryInterfaceLayer:libExit()");
-    if (library() != nullptr && library()->getMVFinalizeAPI() != nullptr) {
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary != nullptr && vendorLibrary->getMVFinalizeAPI() != nullptr) {
         stg::lout << "ZARNEK:CMVLibraryInterfaceLayer:libExit() calling  mvAPIFinal" << '\n';
-        library()->getMVFinalizeAPI()();
+        vendorLibrary->getMVFinalizeAPI()();
     }
 }
 
 unsigned int CMVLibraryInterfaceLayer::getControllerCount()
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getControllerCount()");
-    if (library() == nullptr || library()->getMVAdpCountAPI() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpCountAPI() == nullptr)
         return 0;
-    return library()->getMVAdpCountAPI()() & LOW_BYTE;
+    return vendorLibrary->getMVAdpCountAPI()() & LOW_BYTE;
 }
 
 unsigned int CMVLibraryInterfaceLayer::getControllerCount(IVendorLibrary* vendorLibrary)
@@ -116,29 +119,32 @@ unsigned int CMVLibraryInterfaceLayer::getControllerCount(IVendorLibrary* vendor
 short CMVLibraryInterfaceLayer::getAdapterInfo(unsigned int id, unsigned int count, _Adapter_Info* info)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getAdapterInfo()");
-    if (library() == nullptr || library()->getMVAdpGetInfoAPI() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpGetInfoAPI() == nullptr)
         return stg::STATUS_SUCCESS;
-    return statusOf(library()->getMVAdpGetInfoAPI()(adapterIndex(id), &count, info));
+    return statusOf(vendorLibrary->getMVAdpGetInfoAPI()(adapterIndex(id), &count, info));
 }
 
 short CMVLibraryInterfaceLayer::getAdapterConfig(unsigned int id, unsigned int count,
                                                  _Adapter_Config_V2* config)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getAdapterConfig()");
-    if (library() == nullptr || library()->getMVAdpGetConfigAPI() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpGetConfigAPI() == nullptr)
         return stg::STATUS_SUCCESS;
-    return statusOf(library()->getMVAdpGetConfigAPI()(adapterIndex(id), &count, config));
+    return statusOf(vendorLibrary->getMVAdpGetConfigAPI()(adapterIndex(id), &count, config));
 }
 
 short CMVLibraryInterfaceLayer::getAdapterROMVersion(unsigned int id, char (*text)[20])
 {
     const stg::LogScope scope("ZARNEK:CMVLibraryInterfaceLayer:getAdapterROMVersion()");
-    if (library() == nullptr || library()->GetMVAdpGetOEMDataAPI() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr || vendorLibrary->GetMVAdpGetOEMDataAPI() == nullptr)
         return stg::STATUS_SUCCESS;
     _Adapter_OEM_Data data{};
     data.OemRecordSize = sizeof data;
     data.OemSelector = 0;
-    const short status = statusOf(library()->GetMVAdpGetOEMDataAPI()(adapterIndex(id), &data));
+    const short status = statusOf(vendorLibrary->GetMVAdpGetOEMDataAPI()(adapterIndex(id), &data));
     if (status == stg::STATUS_SUCCESS) {
         char full[32] = {};
         std::snprintf(full, sizeof full, "%d.%d.%d.%04d", data.RomMajor, data.RomMinor, data.RomRevision,
@@ -154,73 +160,81 @@ short CMVLibraryInterfaceLayer::getPhysicalDisksInfo(unsigned int id, unsigned i
                                                      _Info_Request* request)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDisksInfo()");
-    if (library() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr)
         return stg::STATUS_SUCCESS;
-    return callList(library()->getMVPDGetHDInfoAPI(), id, count, request);
+    return callList(vendorLibrary->getMVPDGetHDInfoAPI(), id, count, request);
 }
 
 short CMVLibraryInterfaceLayer::getPhysicalDiskConfig(unsigned int id, unsigned int count,
                                                       _Info_Request* request)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskConfig()");
-    if (library() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr)
         return stg::STATUS_SUCCESS;
-    return callList(library()->getMVPDGetConfigAPI(), id, count, request);
+    return callList(vendorLibrary->getMVPDGetConfigAPI(), id, count, request);
 }
 
 short CMVLibraryInterfaceLayer::getVirtualDisksInfo(unsigned int id, unsigned int count,
                                                     _Info_Request* request)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getVirtualDisksInfo()");
-    if (library() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr)
         return stg::STATUS_SUCCESS;
-    return callList(library()->getMVLDGetInfoAPI(), id, count, request);
+    return callList(vendorLibrary->getMVLDGetInfoAPI(), id, count, request);
 }
 
 short CMVLibraryInterfaceLayer::getVirtualDiskConfig(unsigned int id, unsigned int count,
                                                      _Info_Request* request)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getVirtualDiskConfig()");
-    if (library() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr)
         return stg::STATUS_SUCCESS;
-    return callList(library()->getMVLDGetConfigAPI(), id, count, request);
+    return callList(vendorLibrary->getMVLDGetConfigAPI(), id, count, request);
 }
 
 short CMVLibraryInterfaceLayer::getPhysicalDiskStatus(unsigned int id, unsigned short hdId,
                                                       _HD_RAID_Status_Request* request)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskStatus()");
-    if (library() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr)
         return stg::STATUS_SUCCESS;
-    return callOneDevice(library()->getMVPDGetHDRaidStatusAPI(), id, hdId, request);
+    return callOneDevice(vendorLibrary->getMVPDGetHDRaidStatusAPI(), id, hdId, request);
 }
 
 short CMVLibraryInterfaceLayer::getPhysicalDiskFreeSpace(unsigned int id, unsigned short hdId,
                                                          _HD_FreeSpaceInfo_Request* request)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskFreeSpace()");
-    if (library() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr)
         return stg::STATUS_SUCCESS;
-    return callOneDevice(library()->getMVPDGetFreeSpaceInfoAPI(), id, hdId, request);
+    return callOneDevice(vendorLibrary->getMVPDGetFreeSpaceInfoAPI(), id, hdId, request);
 }
 
 std::uint32_t CMVLibraryInterfaceLayer::getMarvellBufSize(unsigned int cntrlId)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getMarvellBufSize()");
-    if (library() == nullptr || library()->getMVAdpGetInfoAPI() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpGetInfoAPI() == nullptr)
         return 0;
     _Adapter_Info info{}; // a failed call reads as an answer size of 0: its status is not looked at
     unsigned int count = 0;
-    library()->getMVAdpGetInfoAPI()(adapterIndex(cntrlId), &count, &info);
+    vendorLibrary->getMVAdpGetInfoAPI()(adapterIndex(cntrlId), &count, &info);
     return static_cast<std::uint32_t>(info.MaxBufferSizeKB) << 10;
 }
 
 short CMVLibraryInterfaceLayer::flushEvents(unsigned int cntrlId)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:flushEvents()");
-    if (library() == nullptr || library()->GetMVEVTFlushEventAPI() == nullptr)
+    const CMarvellVendorLibrary* const vendorLibrary = library();
+    if (vendorLibrary == nullptr || vendorLibrary->GetMVEVTFlushEventAPI() == nullptr)
         return stg::STATUS_SUCCESS;
-    return statusOf(library()->GetMVEVTFlushEventAPI()(adapterIndex(cntrlId)));
+    return statusOf(vendorLibrary->GetMVEVTFlushEventAPI()(adapterIndex(cntrlId)));
 }
 
 void CMVLibraryInterfaceLayer::mvErrorDisplay(unsigned int error)

@@ -57,7 +57,7 @@ class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
   private:
     class DiskRequests;
 
-    // The library while it is registered, else null.
+    // The library while it lives, else null. Fetched once per operation.
     CMarvellVendorLibrary* library() const;
     // The status in a call's result, which is its low byte; an error is logged.
     short statusOf(unsigned int result);

@@ -26,6 +26,20 @@ struct ParallelLists {
     explicit ParallelLists(std::uint32_t answerSize) : info(answerSize), config(answerSize) {}
 
     bool allocated() const { return info.request() != nullptr && config.request() != nullptr; }
+    // An entry of an answer: null when the call failed, or when the entry does not lie within the buffer.
+    Info* infoEntry(std::size_t index) const
+    {
+        return infoStatus == stg::STATUS_SUCCESS ? info.entry(index) : nullptr;
+    }
+    Config* configEntry(std::size_t index) const
+    {
+        return configStatus == stg::STATUS_SUCCESS ? config.entry(index) : nullptr;
+    }
+    // Whether an entry of this index lies within both buffers.
+    bool holds(std::size_t index) const
+    {
+        return info.entry(index) != nullptr && config.entry(index) != nullptr;
+    }
     bool equallyLong() const { return allocated() && info.returned() == config.returned(); }
 
     stg::ListBuffer<Info> info;
@@ -228,17 +242,16 @@ short CMVLibraryInterfaceLayer::getAllPDInfo(unsigned int globalCntrlNum, unsign
     DiskRequests requests(PREFIX, PREFIX, result);
     std::size_t index = 0; // a null element uses up no entry
     for (CPhysicalDevice* disk : disks) {
-        _HD_Info* const info = lists.info.entry(index);
-        _HD_CONFIG* const config = lists.config.entry(index);
-        if (info == nullptr || config == nullptr)
+        if (!lists.holds(index))
             break; // the library claims more entries than its answer holds
+        _HD_Info* const info = lists.infoEntry(index);
         requests.ask(*this, cntrlId, info->HD_Id, PREFIX);
         if (disk == nullptr)
             continue;
         helper.hdRaidStatus = requests.raidStatus();
         stg::QLVPDBinder_t binder;
         binder.hdInfo = info;
-        binder.hdConfig = config;
+        binder.hdConfig = lists.configEntry(index);
         binder.hdFreeSpace = requests.freeSpace();
         binder.infoHelper = &helper;
         *disk = static_cast<void*>(&binder);
@@ -271,8 +284,7 @@ short CMVLibraryInterfaceLayer::getVDInfo(CVirtualDevice& drive)
         helper.cntrlId = cntrlId;
         stg::QLVVDBinder_t binder;
         binder.ldInfo = info;
-        // After a failed call there are no configuration entries.
-        binder.ldConfig = lists.configStatus == stg::STATUS_SUCCESS ? lists.config.entry(index) : nullptr;
+        binder.ldConfig = lists.configEntry(index);
         binder.infoHelper = &helper;
         drive = static_cast<void*>(&binder);
         break;
@@ -299,13 +311,11 @@ short CMVLibraryInterfaceLayer::getAllVDInfo(unsigned int globalCntrlNum, unsign
     for (CVirtualDevice* drive : drives) {
         if (drive == nullptr)
             continue;
-        _LD_Info* const info = lists.info.entry(index);
-        _LD_Config* const config = lists.config.entry(index);
-        if (info == nullptr || config == nullptr)
+        if (!lists.holds(index))
             break;
         stg::QLVVDBinder_t binder;
-        binder.ldInfo = info;
-        binder.ldConfig = config;
+        binder.ldInfo = lists.infoEntry(index); // nothing, after a failed call
+        binder.ldConfig = lists.configEntry(index);
         binder.infoHelper = &helper;
         *drive = static_cast<void*>(&binder);
         ++index;

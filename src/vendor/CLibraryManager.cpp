@@ -8,7 +8,6 @@
 #include "vendor/CLibraryLoader.h"
 #include "vendor/IVendorLibrary.h"
 
-#include <algorithm>
 #include <new>
 #include <vector>
 
@@ -29,13 +28,6 @@ short CLibraryManager::destroyMe()
     const stg::LogScope scope("ZARNEK:CLibraryManager:destroyMe()");
     stg::destroyInstance(m_pLibManager);
     return stg::STATUS_SUCCESS;
-}
-
-bool CLibraryManager::isRegistered(const IVendorLibrary* library)
-{
-    return m_pLibManager != nullptr &&
-           std::any_of(m_pLibManager->m_libMap.begin(), m_pLibManager->m_libMap.end(),
-                       [library](const auto& entry) { return entry.second == library; });
 }
 
 CLibraryManager::CLibraryManager() = default;

@@ -6,9 +6,8 @@
 
 class IVendorLibrary;
 
-// Owns the vendor libraries that see a controller, by vendor id. A singleton; its creation is guarded,
-// nothing else is: the map is filled by command 20 before any event thread exists, and only read until
-// terminate.
+// Owns the vendor libraries that see a controller, by vendor id. A singleton of the entry thread; its
+// creation is guarded, nothing else is.
 class CLibraryManager
 {
   public:
@@ -19,8 +18,6 @@ class CLibraryManager
     static CLibraryManager* getUniqueInstance();
     // Deletes the singleton, and with it all libraries. Always 0.
     static short destroyMe();
-    // Whether a living manager still holds this library. Makes no manager and writes no line.
-    static bool isRegistered(const IVendorLibrary* library);
 
     CLibraryManager();
     CLibraryManager(const CLibraryManager&) = delete;

@@ -9,12 +9,52 @@
 
 #include <dlfcn.h>
 
+#include <mutex>
+#include <set>
 #include <utility>
+
+namespace
+{
+
+// The library objects of the process.
+class LivingLibraries
+{
+  public:
+    void insert(const IVendorLibrary* library)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_libraries.insert(library);
+    }
+    void erase(const IVendorLibrary* library)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_libraries.erase(library);
+    }
+    bool contains(const IVendorLibrary* library)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_libraries.count(library) != 0;
+    }
+
+  private:
+    std::mutex m_mutex;
+    std::set<const IVendorLibrary*> m_libraries;
+};
+
+LivingLibraries livingLibraries;
+
+} // namespace
+
+bool IVendorLibrary::isAlive(const IVendorLibrary* library)
+{
+    return livingLibraries.contains(library);
+}
 
 IVendorLibrary::IVendorLibrary(std::string vendorId, std::string libName)
     : m_libName(std::move(libName)), m_vendorId(static_cast<unsigned int>(stg::toSigned32(vendorId)))
 {
     const stg::LogScope scope("ZARNEK:IVendorLibrary::IVendorLibrary()");
+    livingLibraries.insert(this);
 }
 
 void* IVendorLibrary::loadLibrary(std::string name)
@@ -32,6 +72,7 @@ void* IVendorLibrary::loadLibrary(std::string name)
 
 IVendorLibrary::~IVendorLibrary()
 {
+    livingLibraries.erase(this);
     IVendorLibrary::unloadLibHandle(m_libHandle);
 }
 

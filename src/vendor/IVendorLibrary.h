@@ -28,6 +28,10 @@ class IVendorLibrary
     virtual void* getLibHandle();
     virtual unsigned int getVendorId();
 
+    // Whether this is a library object that has not been destroyed; safe on any thread, for any pointer. A
+    // query layer that outlives its library asks before it follows its pointer.
+    static bool isAlive(const IVendorLibrary* library);
+
   private:
     std::string m_libName;
     std::list<std::string> m_apiNames;
