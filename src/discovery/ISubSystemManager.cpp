@@ -127,7 +127,8 @@ void ISubSystemManager::updateQelvoTotalNoOfController(unsigned int count)
 void ISubSystemManager::startProcessingEvents()
 {
     const stg::LogScope scope("ZARNEK:ISubSystemManager::startProcessingEvents()");
-    m_pEventManager->processAllEvent();
+    if (m_pEventManager != nullptr)
+        m_pEventManager->processAllEvent();
 }
 
 bool ISubSystemManager::discoverDisks(unsigned int global, unsigned int controller)
@@ -156,12 +157,15 @@ short ISubSystemManager::discover()
         const unsigned int global = CCommandHandler::m_gQelvoGlobalCntrlNumber++;
         if (discoverController(global, index) == 0) {
             discoverDisks(global, index);
-            m_pEventManager->insertIntoCntrlList({global, index});
+            if (m_pEventManager != nullptr)
+                m_pEventManager->insertIntoCntrlList({global, index});
         }
         CCommandHandler::insertIntoMap(global, this);
     }
 
-    const short status = m_pEventManager->instantiate();
+    // Without an event manager, after a failed allocation, there is nobody to instantiate.
+    const short status =
+        m_pEventManager != nullptr ? m_pEventManager->instantiate() : static_cast<short>(stg::STATUS_FAILURE);
     if (status != stg::STATUS_SUCCESS)
         stg::lout << LABEL << ": "
                   << "Failed to instantiate objects in Event Manager."

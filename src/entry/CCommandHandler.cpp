@@ -18,6 +18,7 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <typeinfo>
@@ -172,7 +173,7 @@ short CCommandHandler::initialize()
         }
     }
 
-    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+    for (ISubSystemManager* manager : managers())
         manager->initialize();
     return result;
 }
@@ -180,7 +181,7 @@ short CCommandHandler::initialize()
 short CCommandHandler::startMonitoring()
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::startMonitoring()");
-    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+    for (ISubSystemManager* manager : managers())
         manager->startProcessingEvents();
     return stg::STATUS_SUCCESS;
 }
@@ -193,7 +194,7 @@ short CCommandHandler::discoverAllControllers(unsigned int globalNumber, unsigne
     stg::lout << MESSAGE << "Global Controller Number received from VAL Layer = " << globalNumber << '\n';
     m_gValGlobalCntrlNumber = globalNumber;
     m_gQelvoGlobalCntrlNumber = globalNumber;
-    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+    for (ISubSystemManager* manager : managers())
         manager->discover();
     *total = m_gQelvoTotalCntrlNumber;
     stg::lout << MESSAGE << "Total Controller Count = " << *total << '\n';
@@ -205,6 +206,14 @@ short CCommandHandler::destroyAllResources()
     const stg::LogScope scope("ZARNEK:CCommandHandler::destroyAllResources()");
     deleteAllElementsFromVector();
     return stg::STATUS_SUCCESS;
+}
+
+std::vector<ISubSystemManager*> CCommandHandler::managers() const
+{
+    std::vector<ISubSystemManager*> present;
+    std::copy_if(m_SubSystemMgrVector.begin(), m_SubSystemMgrVector.end(), std::back_inserter(present),
+                 [](const ISubSystemManager* manager) { return manager != nullptr; });
+    return present;
 }
 
 void CCommandHandler::insertIntoVector(ISubSystemManager* manager)
@@ -250,11 +259,15 @@ void CCommandHandler::deleteFromVector(unsigned int managerId)
                                     stg::CCommandHandler_Helper(managerId));
     if (found == m_SubSystemMgrVector.end() || *found == nullptr)
         return;
-    ISubSystemManager* const removed = *found;
+    ISubSystemManager* const manager = *found;
+    const bool dies = isMarvellManager(typeNameOf(manager));
     removeSubSystemMgr(*found);
-    // All of its places go: what stood twice is no manager any more.
-    m_SubSystemMgrVector.erase(std::remove(m_SubSystemMgrVector.begin(), m_SubSystemMgrVector.end(), removed),
-                               m_SubSystemMgrVector.end());
+    if (dies) // none of its places may be followed any more
+        m_SubSystemMgrVector.erase(
+            std::remove(m_SubSystemMgrVector.begin(), m_SubSystemMgrVector.end(), manager),
+            m_SubSystemMgrVector.end());
+    else
+        m_SubSystemMgrVector.erase(found);
 }
 
 void CCommandHandler::deleteFromVector(ISubSystemManager* manager)
@@ -276,37 +289,38 @@ void CCommandHandler::insertIntoMap(std::pair<unsigned int, ISubSystemManager*> 
 void CCommandHandler::deleteAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::deleteAllElementsFromMap()");
-    // Each deletion erases its element, and a manager may stand under several numbers: walk a copy, and
-    // destroy a manager at its first number only.
+    // Each deletion erases elements, so the walk is over a copy; an element that went already is not found.
     const std::map<unsigned int, ISubSystemManager*> elements = m_ControllerSubSystemMap;
-    std::vector<ISubSystemManager*> destroyed;
-    for (const auto& element : elements) {
-        if (stg::appendDistinct(destroyed, element.second))
-            deleteFromMap(element);
-    }
+    for (const auto& element : elements)
+        deleteFromMap(element);
     m_ControllerSubSystemMap.clear();
 }
 
 void CCommandHandler::deleteFromMap(std::pair<unsigned int, ISubSystemManager*> pair)
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::deleteFromMap()");
-    if (pair.second == nullptr)
-        return;
-    const auto found = m_ControllerSubSystemMap.find(pair.first);
-    if (found == m_ControllerSubSystemMap.end())
-        return;
-    deleteSubSystemMgrFromMap(found->second);
-    m_ControllerSubSystemMap.erase(found);
+    if (pair.second != nullptr)
+        eraseFromMap(pair.first);
 }
 
 void CCommandHandler::deleteFromMap(unsigned int cntrlId)
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::deleteFromMap( UNSIGNED_INTEGER cntrlId )");
+    eraseFromMap(cntrlId);
+}
+
+void CCommandHandler::eraseFromMap(unsigned int cntrlId)
+{
     const auto found = m_ControllerSubSystemMap.find(cntrlId);
-    if (found == m_ControllerSubSystemMap.end())
+    if (found == m_ControllerSubSystemMap.end() || found->second == nullptr)
         return;
-    deleteSubSystemMgrFromMap(found->second);
+    ISubSystemManager* const manager = found->second;
+    const bool dies = isMarvellManager(typeNameOf(manager));
+    deleteSubSystemMgrFromMap(manager);
     m_ControllerSubSystemMap.erase(found);
+    // A manager stands under the number of each of its controllers; none of them may be followed any more.
+    for (auto element = m_ControllerSubSystemMap.begin(); dies && element != m_ControllerSubSystemMap.end();)
+        element = element->second == manager ? m_ControllerSubSystemMap.erase(element) : std::next(element);
 }
 
 void CCommandHandler::deleteSubSystemMgrFromMap(ISubSystemManager* manager)

@@ -73,6 +73,10 @@ class CCommandHandler
     static unsigned int m_gQelvoTotalCntrlNumber;
 
   private:
+    // The list's managers, from first to last, without the nulls that a failed allocation leaves there.
+    std::vector<ISubSystemManager*> managers() const;
+    static void eraseFromMap(unsigned int cntrlId);
+
     CLibraryManager* m_pLibManager = nullptr;
     std::vector<ISubSystemManager*> m_SubSystemMgrVector;
 

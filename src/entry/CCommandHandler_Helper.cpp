@@ -45,6 +45,8 @@ void CCommandHandler_Helper::operator()(std::pair<unsigned int, IVendorLibrary*>
 
 bool CCommandHandler_Helper::operator()(ISubSystemManager*& manager)
 {
+    if (manager == nullptr)
+        return false;
     const unsigned int managerId = manager->getMgrUniqueID();
     if (m_bRemove) {
         m_pHandler->removeSubSystemMgr(manager);

@@ -4,6 +4,7 @@
 
 #include <morlan.h>
 
+#include <locale>
 #include <utility>
 
 namespace stg
@@ -11,7 +12,10 @@ namespace stg
 
 CLogger lout;
 
-CLogger::CLogger() : m_stream(std::ios_base::out | std::ios_base::ate) {}
+CLogger::CLogger() : m_stream(std::ios_base::out | std::ios_base::ate)
+{
+    m_stream.imbue(std::locale::classic()); // numbers look the same whatever locale the host has set
+}
 
 void CLogger::writeLog(std::string text)
 {

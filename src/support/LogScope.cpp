@@ -3,6 +3,7 @@
 #include "support/CLogger.h"
 
 #include <exception>
+#include <new>
 #include <string>
 
 namespace stg
@@ -18,8 +19,12 @@ LogScope::LogScope(const char* entryLabel, const char* exitLabel)
 
 LogScope::~LogScope()
 {
-    if (m_exitLabel != nullptr && std::uncaught_exceptions() == m_exceptionsAtEntry)
+    if (m_exitLabel == nullptr || std::uncaught_exceptions() != m_exceptionsAtEntry)
+        return;
+    try {
         lout.writeLog(std::string(m_exitLabel) + " EXIT ");
+    } catch (const std::bad_alloc&) { // no memory for the line: it is lost, the process is not
+    }
 }
 
 } // namespace stg

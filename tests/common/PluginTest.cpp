@@ -5,6 +5,7 @@
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
 #include "events/IEvtSubject.h"
+#include "support/CCriticalSection.h"
 #include "vendor/CLibraryManager.h"
 
 #include "morlan/morlan_inspect.h"
@@ -68,6 +69,7 @@ PluginTest::~PluginTest()
     CMarvelEvtObserver::destroyMe();
     CCommandHandler::destroyMe();
     CLibraryManager::destroyMe();
+    CCriticalSection::destroyMutex();
     EXPECT_EQ(ral_live_lists(), 0U);
     ral_reset();
     mvsim_reset();

@@ -285,4 +285,18 @@ TEST_F(HandlerTest, CopiedHelperKeepsItsModeButNoFactory)
     expectDestructions(1);
 }
 
+TEST_F(HandlerTest, NullInTheListIsNotFollowed)
+{
+    writePrivateIni("");
+    m_list = {nullptr, &m_one};
+    EXPECT_EQ(m_handler.initialize(), 0);
+    EXPECT_EQ(m_handler.discoverAllControllers(5, &m_total), 0);
+    EXPECT_THAT(m_calls, ElementsAre(&m_one, &m_one));
+    m_handler.deleteFromVector(2U);
+    EXPECT_THAT(m_list, ElementsAre(nullptr));
+    EXPECT_EQ(m_handler.startMonitoring(), 0);
+    EXPECT_EQ(m_handler.destroyAllResources(), 0);
+    EXPECT_THAT(m_list, IsEmpty());
+}
+
 } // namespace
