@@ -68,7 +68,7 @@ std::unique_ptr<SdoObject> SdoObject::clone() const
             nested->m_owner = copy.get();
         }
         copy->m_properties.push_back({property.id, property.type, property.bytes, nested.get()});
-        nested.release();
+        static_cast<void>(nested.release()); // the copy owns it now
     }
     return copy;
 }

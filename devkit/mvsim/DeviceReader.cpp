@@ -180,7 +180,7 @@ void readAdapter(StrictObject& object, Adapter& adapter)
         adapter.info.MaxBufferSizeKB = *value;
     }
     if (const Json* rom = object.find("rom")) {
-        std::uint16_t numbers[4];
+        std::uint16_t numbers[4] = {};
         if (!rom->is_array() || rom->size() != std::size(numbers)) {
             throw FormatError(object.place("rom"), "a list of 4: major, minor, revision, build",
                               describe(*rom));
