@@ -202,6 +202,7 @@ static_assert(offsetof(_Event, EventDeviceId) == 0x08 && offsetof(_Event, EventS
     ENTRY(MV_EVT_FlushEvent, (unsigned char adapter))
 
 // A pointer type for each entry point: MV_API_Initialize_t and so on.
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the arguments are a list of parameters.
 #define MV_POINTER_TYPE(symbol, arguments) using symbol##_t = unsigned int(*) arguments;
 MV_API_LIST(MV_POINTER_TYPE)
 #undef MV_POINTER_TYPE

@@ -34,8 +34,8 @@ class DeviceList
             std::unique_ptr<Base> device(new (std::nothrow) Device);
             if (!device)
                 continue;
-            m_devices.push_back(device.get());
-            device.release();
+            m_devices.push_back(nullptr);
+            m_devices.back() = device.release();
         }
     }
     DeviceList(const DeviceList&) = delete;

@@ -57,7 +57,7 @@ short CMarvelEvtObserver::destroyMe()
 
 CMarvelEvtObserver::CMarvelEvtObserver() = default;
 
-CMarvelEvtObserver::CMarvelEvtObserver(const CMarvelEvtObserver& other) : IEvtObserver(other) {}
+CMarvelEvtObserver::CMarvelEvtObserver(const CMarvelEvtObserver& other) = default;
 
 CMarvelEvtObserver& CMarvelEvtObserver::operator=(const CMarvelEvtObserver& other)
 {

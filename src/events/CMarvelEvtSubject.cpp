@@ -30,11 +30,7 @@ CMarvelEvtSubject::CMarvelEvtSubject(const CMarvelEvtSubject& other) : IEvtSubje
     const stg::LogScope scope("ZARNEK:CMarvelEvtSubject::CMarvelEvtSubject() copy constructor");
 }
 
-CMarvelEvtSubject& CMarvelEvtSubject::operator=(const CMarvelEvtSubject& other)
-{
-    IEvtSubject::operator=(other);
-    return *this;
-}
+CMarvelEvtSubject& CMarvelEvtSubject::operator=(const CMarvelEvtSubject& other) = default;
 
 CMarvelEvtSubject::~CMarvelEvtSubject()
 {

@@ -12,9 +12,11 @@
 #include "model/TypeTags.h"
 
 #include <array>
+#include <cstddef>
 #include <list>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -162,7 +164,6 @@ void clear(AttribValMap& values, Helper helper)
         ++entry; // the call erases the entry behind it
         helper(copy);
     }
-    values.clear(); // entries without a value, which the helper leaves
 }
 
 // Copies the listed fields and enters them in the target's value map, set in the source or not.
@@ -190,7 +191,7 @@ void assign(const std::array<Row<Object>, Size>& rows, Object& target, const Att
 {
     for (const Row<Object>& row : rows) {
         const auto found = values.find(row.name);
-        if (found == values.end())
+        if (found == values.end() || found->second == nullptr)
             continue;
         const void* const value = found->second;
         std::visit(

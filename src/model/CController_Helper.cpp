@@ -4,8 +4,7 @@
 
 CController_Helper& CController_Helper::operator=(const CController_Helper& other)
 {
-    if (this != &other)
-        *m_pOwner = *other.m_pOwner;
+    *m_pOwner = *other.m_pOwner;
     return *this;
 }
 

@@ -136,44 +136,43 @@ class CPhysicalDevice
 
     stg::AttribValMap m_PdAttribValMap;
     std::list<std::string> m_PdSpecificAttrib;
-    unsigned int m_pdObjType = stg::NUMBER_UNKNOWN; // SDO object type; 772 (0x304)
-    unsigned int m_pdGlobalCntrlNum =
-        stg::NUMBER_UNKNOWN;                            // global controller number of the owning controller
-    unsigned int m_pdDevID = stg::NUMBER_UNKNOWN;       // the vendor library's id of the disk
-    unsigned int m_pdSlotNum = stg::NUMBER_UNKNOWN;     // slot of the disk
-    unsigned int m_pdStatus = stg::NUMBER_UNKNOWN;      // health status code
-    unsigned int m_pdState = stg::NUMBER_UNKNOWN;       // state code
-    unsigned int m_pdPowerStatus = stg::NUMBER_UNKNOWN; // power status
-    unsigned int m_pdBusProtocol = stg::NUMBER_UNKNOWN; // bus protocol code
-    unsigned int m_pdMedia = stg::NUMBER_UNKNOWN;       // media code
-    unsigned int m_pdRRWE = stg::NUMBER_UNKNOWN;        // RRWE code
-    unsigned int m_pdFailurePredicted = stg::NUMBER_UNKNOWN;        // failure predicted
-    std::string m_pdRevision;                                       // firmware revision text
-    std::string m_pdDriverVer;                                      // driver version text
-    std::string m_pdModelNum;                                       // model text
-    unsigned int m_pdEncryptionCap = stg::NUMBER_UNKNOWN;           // encryption capable
-    unsigned long long m_pdCapacity = stg::NUMBER_UNKNOWN;          // capacity in bytes
-    unsigned long long m_pdUsedRaidDiskSpace = stg::NUMBER_UNKNOWN; // bytes in RAID use
-    unsigned long long m_pdFreeRaidDiskSpace = stg::NUMBER_UNKNOWN; // bytes free for RAID use
-    unsigned int m_pdHotspare = stg::NUMBER_UNKNOWN;                // hot spare code
-    std::string m_pdVendorID;                                       // vendor text
-    std::string m_pdProductID;                                      // product id text
-    std::string m_pdSerialNum;                                      // serial number text
-    unsigned int m_pdSectorSize = stg::NUMBER_UNKNOWN;              // sector size in bytes
-    unsigned int m_pdDevWriteCache = stg::NUMBER_UNKNOWN;           // device write cache
-    unsigned int m_pdDiskCachePolicy = stg::NUMBER_UNKNOWN;         // disk cache policy
-    std::string m_pdSASAddress;                                     // SAS address
-    unsigned int m_pdAttributeMask = 0;                             // attribute mask
-    unsigned int m_pdMasterMethodMask = 0;                          // master method mask
-    unsigned int m_pdCurrentMethodMask = 0;                         // current method mask
-    std::vector<unsigned int> m_pdNexus; // property ids that identify the object in the data engine
-    unsigned int m_pdVILNumber = stg::NUMBER_UNKNOWN;         // vendor layer number; 9 for Marvell
-    unsigned int m_pdCntrID = stg::NUMBER_UNKNOWN;            // the vendor library's adapter index
-    std::string m_pdProductName;                              // product name
-    unsigned int m_pdCapableSpeed = stg::NUMBER_UNKNOWN;      // highest link speed of the disk
-    unsigned int m_pdNegotiatedSpeed = stg::NUMBER_UNKNOWN;   // link speed in use
-    unsigned int m_pdWriteCacheSupport = stg::NUMBER_UNKNOWN; // write cache supported
-    unsigned int m_pdDiskGroupNum = stg::NUMBER_UNKNOWN;      // disk group number
+    unsigned int m_pdObjType = stg::NUMBER_UNKNOWN;        // SDO_OBJTYPE_PHYSICAL_DISK
+    unsigned int m_pdGlobalCntrlNum = stg::NUMBER_UNKNOWN; // of the controller above
+    unsigned int m_pdDevID = stg::NUMBER_UNKNOWN;          // the vendor's id; searches go by it
+    unsigned int m_pdSlotNum = stg::NUMBER_UNKNOWN;        // the identity goes by it
+    unsigned int m_pdStatus = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdState = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdPowerStatus = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdBusProtocol = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdMedia = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdRRWE = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdFailurePredicted = stg::NUMBER_UNKNOWN; // no table row, as m_pdEncryptionCap
+    std::string m_pdRevision;                                // firmware, as text
+    std::string m_pdDriverVer;
+    std::string m_pdModelNum;
+    unsigned int m_pdEncryptionCap = stg::NUMBER_UNKNOWN;
+    unsigned long long m_pdCapacity = stg::NUMBER_UNKNOWN; // bytes, as the two below
+    unsigned long long m_pdUsedRaidDiskSpace = stg::NUMBER_UNKNOWN;
+    unsigned long long m_pdFreeRaidDiskSpace = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdHotspare = stg::NUMBER_UNKNOWN;
+    std::string m_pdVendorID;
+    std::string m_pdProductID;
+    std::string m_pdSerialNum;
+    unsigned int m_pdSectorSize = stg::NUMBER_UNKNOWN; // bytes
+    unsigned int m_pdDevWriteCache = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdDiskCachePolicy = stg::NUMBER_UNKNOWN;
+    std::string m_pdSASAddress;
+    unsigned int m_pdAttributeMask = 0;
+    unsigned int m_pdMasterMethodMask = 0;
+    unsigned int m_pdCurrentMethodMask = 0;
+    std::vector<unsigned int> m_pdNexus;              // property ids that name this object
+    unsigned int m_pdVILNumber = stg::NUMBER_UNKNOWN; // SDO_VIL_NUMBER for ours
+    unsigned int m_pdCntrID = stg::NUMBER_UNKNOWN;    // adapter index of the vendor's library
+    std::string m_pdProductName;
+    unsigned int m_pdCapableSpeed = stg::NUMBER_UNKNOWN; // 1024 for each Gbit/s, as the next
+    unsigned int m_pdNegotiatedSpeed = stg::NUMBER_UNKNOWN;
+    unsigned int m_pdWriteCacheSupport = stg::NUMBER_UNKNOWN; // no property carries it
+    unsigned int m_pdDiskGroupNum = stg::NUMBER_UNKNOWN;
 
     static stg::AttribTypeMap m_PdAttribNameTypeMap;
     static bool m_bPdIsAttribNameAndTypeMap;

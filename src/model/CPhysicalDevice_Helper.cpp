@@ -4,8 +4,7 @@
 
 CPhysicalDevice_Helper& CPhysicalDevice_Helper::operator=(const CPhysicalDevice_Helper& other)
 {
-    if (this != &other)
-        *m_pOwner = *other.m_pOwner;
+    *m_pOwner = *other.m_pOwner;
     return *this;
 }
 

@@ -184,7 +184,7 @@ unsigned int CVirtualDevice::getVdObject(unsigned int globalCntrlNum, void** out
         return static_cast<unsigned int>(status);
     }
     stg::lout << MESSAGE << "Total Number of VDs = " << count << '\n';
-    if (count == 0)
+    if (count == 0 || list == nullptr)
         return stg::STATUS_NO_MATCH;
 
     unsigned int result = stg::STATUS_NO_MATCH; // the walk's last event decides

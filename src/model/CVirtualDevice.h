@@ -114,38 +114,35 @@ class CVirtualDevice
   private:
     struct Attributes;
 
-    unsigned int m_VdObjType = stg::NUMBER_UNKNOWN; // SDO object type; 773 (0x305)
-    unsigned int m_VdCntrlID = stg::NUMBER_UNKNOWN; // the vendor library's adapter index
-    unsigned int m_VdGlobalCntrlNum =
-        stg::NUMBER_UNKNOWN;                            // global controller number of the owning controller
-    unsigned int m_VdVILNumber = stg::NUMBER_UNKNOWN;   // vendor layer number; 9 for Marvell
-    unsigned int m_VdBusProtocol = stg::NUMBER_UNKNOWN; // bus protocol code
-    unsigned int m_VdMedia = stg::NUMBER_UNKNOWN;       // media code
-    unsigned int m_VdVendorID = stg::NUMBER_UNKNOWN; // vendor id, a number here; shares its property id with
-                                                     // `m_VdVILNumber`, also to keep
-    unsigned int m_VdState = stg::NUMBER_UNKNOWN;    // state code
-    unsigned int m_VdStripeBlockSize = stg::NUMBER_UNKNOWN; // stripe size
-    unsigned int m_VdSectorSize = stg::NUMBER_UNKNOWN;      // sector size
-    unsigned int m_VdPdCount = stg::NUMBER_UNKNOWN;         // number of member disks
-    unsigned int m_VdRaidDiskSpace = stg::NUMBER_UNKNOWN;   // RAID disk space
-    unsigned int m_VdDiskCachePolicy = stg::NUMBER_UNKNOWN; // disk cache policy code
-    unsigned int m_VdWritePolicy = stg::NUMBER_UNKNOWN;     // write policy code
-    unsigned int m_VdReadPolicy = stg::NUMBER_UNKNOWN;      // read policy code
-    unsigned int m_VdDevID = stg::NUMBER_UNKNOWN;           // the vendor library's id of the logical drive
-    unsigned int m_VdLogicalDriveNum =
-        stg::NUMBER_UNKNOWN;                           // logical drive number; the second key of the nexus
-    unsigned int m_VdAttributeMask = 0;                // attribute mask
-    unsigned int m_VdMasterMethodMask = 0;             // master method mask
-    unsigned int m_VdCurrentMethodMask = 0;            // current method mask
-    unsigned int m_VdStatus = stg::NUMBER_UNKNOWN;     // health status code
-    unsigned int m_VdRaidMode = stg::NUMBER_UNKNOWN;   // RAID level as a single-bit code of the data engine
-    unsigned short m_VdBlockCount = 0xFFFF;            // block count
-    std::string m_VdName;                              // name of the virtual disk
-    unsigned long long m_VdSize = stg::NUMBER_UNKNOWN; // size in bytes
-    bool m_VdAutoRebuildOn = false;                    // automatic rebuild on
-    std::string m_VdProductName;                       // product name
-    std::list<unsigned int> m_PdInVdList;              // member disks of the virtual disk
-    std::vector<unsigned int> m_VdNexus; // property ids that identify the object in the data engine
+    unsigned int m_VdObjType = stg::NUMBER_UNKNOWN;        // SDO_OBJTYPE_VIRTUAL_DISK
+    unsigned int m_VdCntrlID = stg::NUMBER_UNKNOWN;        // adapter index of the vendor's library
+    unsigned int m_VdGlobalCntrlNum = stg::NUMBER_UNKNOWN; // of the controller above
+    unsigned int m_VdVILNumber = stg::NUMBER_UNKNOWN;      // SDO_VIL_NUMBER for ours
+    unsigned int m_VdBusProtocol = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdMedia = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdVendorID = stg::NUMBER_UNKNOWN; // travels under the property of m_VdVILNumber
+    unsigned int m_VdState = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdStripeBlockSize = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdSectorSize = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdPdCount = stg::NUMBER_UNKNOWN; // no property carries it, as some below
+    unsigned int m_VdRaidDiskSpace = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdDiskCachePolicy = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdWritePolicy = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdReadPolicy = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdDevID = stg::NUMBER_UNKNOWN;           // the vendor's id of the logical drive
+    unsigned int m_VdLogicalDriveNum = stg::NUMBER_UNKNOWN; // the identity goes by it
+    unsigned int m_VdAttributeMask = 0;
+    unsigned int m_VdMasterMethodMask = 0;
+    unsigned int m_VdCurrentMethodMask = 0;
+    unsigned int m_VdStatus = stg::NUMBER_UNKNOWN;
+    unsigned int m_VdRaidMode = stg::NUMBER_UNKNOWN; // a single bit for each level
+    unsigned short m_VdBlockCount = 0xFFFF;
+    std::string m_VdName;
+    unsigned long long m_VdSize = stg::NUMBER_UNKNOWN; // bytes
+    bool m_VdAutoRebuildOn = false;
+    std::string m_VdProductName;
+    std::list<unsigned int> m_PdInVdList; // never leaves the object
+    std::vector<unsigned int> m_VdNexus;  // property ids that name this object
     stg::AttribValMap m_VdAttribValMap;
 
     static stg::AttribTypeMap m_VdAttribNameTypeMap;

@@ -4,8 +4,7 @@
 
 CVirtualDevice_Helper& CVirtualDevice_Helper::operator=(const CVirtualDevice_Helper& other)
 {
-    if (this != &other)
-        *m_pOwner = *other.m_pOwner;
+    *m_pOwner = *other.m_pOwner;
     return *this;
 }
 

@@ -201,6 +201,7 @@ unsigned int IController::getControllerObject(void* inSDOObj, unsigned int globa
             stg::lout << MESSAGE << "SSPROP_VILNUMBER_U32 is " << vilNumber << '\n';
             continue;
         }
+        number = stg::NUMBER_UNKNOWN;
         if (proxy.retrieveSpecificProperty(list[index], SSPROP_GLOBALCONTROLLERNUM_U32, &number) != 0 ||
             number != globalCntrlNum)
             continue;

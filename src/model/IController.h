@@ -122,40 +122,37 @@ class IController
     struct Attributes;
 
     unsigned int m_globalControllerNumber =
-        stg::NUMBER_UNKNOWN; // number of the controller across all vendors in this process; the key of the
-                             // nexus
-    unsigned int m_ObjType = stg::NUMBER_UNKNOWN; // SDO object type; 769 (0x301) for a controller
-    unsigned int m_VendorID =
-        stg::NUMBER_UNKNOWN; // vendor id; shares its property id with `m_VILNumber`, a coincidence to keep
-    unsigned int m_SubVenID = stg::NUMBER_UNKNOWN; // sub-vendor id
-    unsigned int m_DevID = stg::NUMBER_UNKNOWN;    // device id
-    unsigned int m_SubDevID = stg::NUMBER_UNKNOWN; // sub-device id
-    unsigned int m_VILNumber =
-        stg::NUMBER_UNKNOWN; // number of the vendor layer that owns the object; 9 for Marvell
-    unsigned int m_Status = stg::NUMBER_UNKNOWN;            // health status code
-    unsigned int m_State = stg::NUMBER_UNKNOWN;             // state code
-    unsigned int m_AttributeMask = 0;                       // attribute mask
-    unsigned int m_MasterMethodMask = 0;                    // master method mask
-    unsigned int m_CurrentMethodMask = 0;                   // current method mask
-    unsigned int m_BusProtocolNumber = stg::NUMBER_UNKNOWN; // bus protocol code
-    std::string m_ProductName;                              // product name
-    std::string m_SerialNum;                                // serial number
-    unsigned int m_ModelNum = stg::NUMBER_UNKNOWN;          // model number, a number here
-    unsigned int m_PortCount = stg::NUMBER_UNKNOWN;         // number of ports
-    unsigned int m_PDCount = stg::NUMBER_UNKNOWN;           // number of physical disks
-    unsigned int m_VDCount = stg::NUMBER_UNKNOWN;           // number of virtual disks
-    unsigned int m_NoOfBattery = stg::NUMBER_UNKNOWN;       // number of batteries
-    unsigned int m_CntrID = stg::NUMBER_UNKNOWN;            // the vendor library's index of the adapter
-    unsigned int m_SlotID = stg::NUMBER_UNKNOWN;            // slot
-    std::string m_FWVer;                                    // firmware version text
-    std::string m_DriverVer;                                // driver version text
-    unsigned int m_CacheMemSize = stg::NUMBER_UNKNOWN;      // cache memory size
-    unsigned int m_RebuildRate = stg::NUMBER_UNKNOWN;       // rebuild rate, percent
-    unsigned int m_BGIRate = stg::NUMBER_UNKNOWN;           // background initialisation rate
-    unsigned int m_CheckConsistRate = stg::NUMBER_UNKNOWN;  // consistency check rate
-    unsigned int m_PatrolReadRate = stg::NUMBER_UNKNOWN;    // patrol read rate
-    bool m_bAlarmState = false;                             // alarm present
-    std::vector<unsigned int> m_CntrlNexus; // property ids that identify the object in the data engine
+        stg::NUMBER_UNKNOWN;                       // the data engine's number of this controller
+    unsigned int m_ObjType = stg::NUMBER_UNKNOWN;  // SDO_OBJTYPE_CONTROLLER
+    unsigned int m_VendorID = stg::NUMBER_UNKNOWN; // travels under the property of m_VILNumber
+    unsigned int m_SubVenID = stg::NUMBER_UNKNOWN;
+    unsigned int m_DevID = stg::NUMBER_UNKNOWN;
+    unsigned int m_SubDevID = stg::NUMBER_UNKNOWN;
+    unsigned int m_VILNumber = stg::NUMBER_UNKNOWN; // SDO_VIL_NUMBER for ours
+    unsigned int m_Status = stg::NUMBER_UNKNOWN;
+    unsigned int m_State = stg::NUMBER_UNKNOWN;
+    unsigned int m_AttributeMask = 0; // the three masks are numbers, tagged as binary data
+    unsigned int m_MasterMethodMask = 0;
+    unsigned int m_CurrentMethodMask = 0;
+    unsigned int m_BusProtocolNumber = stg::NUMBER_UNKNOWN;
+    std::string m_ProductName;
+    std::string m_SerialNum;
+    unsigned int m_ModelNum = stg::NUMBER_UNKNOWN; // a number, unlike a disk's model
+    unsigned int m_PortCount = stg::NUMBER_UNKNOWN;
+    unsigned int m_PDCount = stg::NUMBER_UNKNOWN;
+    unsigned int m_VDCount = stg::NUMBER_UNKNOWN;
+    unsigned int m_NoOfBattery = stg::NUMBER_UNKNOWN;
+    unsigned int m_CntrID = stg::NUMBER_UNKNOWN; // adapter index of the vendor's library
+    unsigned int m_SlotID = stg::NUMBER_UNKNOWN;
+    std::string m_FWVer; // firmware, as text
+    std::string m_DriverVer;
+    unsigned int m_CacheMemSize = stg::NUMBER_UNKNOWN;
+    unsigned int m_RebuildRate = stg::NUMBER_UNKNOWN; // percent
+    unsigned int m_BGIRate = stg::NUMBER_UNKNOWN;
+    unsigned int m_CheckConsistRate = stg::NUMBER_UNKNOWN;
+    unsigned int m_PatrolReadRate = stg::NUMBER_UNKNOWN;
+    bool m_bAlarmState = false;
+    std::vector<unsigned int> m_CntrlNexus; // property ids that name this object
     stg::AttribValMap m_CntrlAttribValMap;
     std::list<std::string> m_CntrlSpecificAttrib;
 

@@ -355,8 +355,8 @@ short CMVLibraryInterfaceLayer::getEventInfo(stg::SCntrlID_t id, std::vector<CAl
             continue; // the event is dropped
         binder.event = events.get() + index;
         *alert = static_cast<void*>(&binder);
-        alerts.push_back(alert.get());
-        alert.release();
+        alerts.push_back(nullptr);
+        alerts.back() = alert.release();
     }
     return stg::STATUS_SUCCESS;
 }
