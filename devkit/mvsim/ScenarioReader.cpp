@@ -264,6 +264,7 @@ std::vector<TimelineStep> readTimeline(StrictObject& object, const std::vector<S
                      [](const auto& left, const auto& right) { return left.first.poll < right.first.poll; });
 
     std::vector<Adapter> states;
+    states.reserve(adapters.size());
     for (const ScenarioAdapter& adapter : adapters) {
         states.push_back(adapter.model);
     }
