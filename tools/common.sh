@@ -18,6 +18,8 @@ is_x86() {
 # tells what to type, and ends the script.
 need_packages() {
     local package missing=()
+    # Elsewhere than on Debian the build says what it lacks.
+    command -v dpkg-query >/dev/null || return 0
     for package in "$@"; do
         if [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
             missing+=("$package")

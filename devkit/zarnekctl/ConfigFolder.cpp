@@ -42,11 +42,11 @@ void ConfigFolder::prepare(const Installation& installation) const
         throw Failure(ExitStatus::BadInput, m_path.string() + ": cannot make the configuration folder: " +
                                                 error.message() + "; name another one with --config");
     for (const fs::path& file : {privateIni(), mapping()}) {
-        if (fs::exists(file, error))
+        if (fs::exists(file, error)) // then it need not be there as shipped
             continue;
         const fs::path shipped = installation.shippedConfig(file.filename().string());
         // What is shipped may be write-protected; what the user gets is his own.
-        if (fs::copy_file(shipped, file, error))
+        if (fs::copy_file(shipped, file, fs::copy_options::skip_existing, error))
             fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, error);
         if (error)
             throw Failure(ExitStatus::BadInput, file.string() + ": cannot copy the shipped file here: " +

@@ -38,6 +38,16 @@ void traceVendorCall(void* context, const char* text)
     static_cast<Trace*>(context)->line("mv", text);
 }
 
+// Threads that start meanwhile wait until this goes.
+class ThreadHold
+{
+  public:
+    ThreadHold() { morlan_hold_threads(1); }
+    ~ThreadHold() { morlan_hold_threads(0); }
+    ThreadHold(const ThreadHold&) = delete;
+    ThreadHold& operator=(const ThreadHold&) = delete;
+};
+
 std::string vendorLibraryName()
 {
     const std::string id = privateIniValue(vendorIdSection, vendorIdKey).value_or("");
@@ -146,16 +156,10 @@ void EngineHost::discover(unsigned int globalNumber)
 void EngineHost::startMonitoring()
 {
     // Plug-in and event thread log without a lock: the thread waits until the command has returned.
-    morlan_hold_threads(1);
-    try {
-        send(ControlCommand::StartMonitoring);
-    } catch (...) {
-        morlan_hold_threads(0);
-        throw;
-    }
+    const ThreadHold hold;
+    send(ControlCommand::StartMonitoring);
     if (morlan_running_threads() == 0)
         throw Failure(ExitStatus::PluginFailed, "the plug-in started no event thread", m_log.lastLines());
-    morlan_hold_threads(0);
 }
 
 void EngineHost::stopMonitoring()
