@@ -150,13 +150,13 @@ TEST_F(PlannedTest, CommandsRunTheActionThatTheyHold)
                called + "P::execute() EXIT |P::~CPDDiscovery() ENTRY |P::~CPDDiscovery() EXIT |0";
     };
     const Base::twoArgsActionPtr controller = &Base::discoverController, none = nullptr;
-    EXPECT_EQ(run<CControllerDiscovery>(controller, 4, 5), "controller 4 5|3");
-    EXPECT_EQ(run<CVDDiscovery>(&Base::discoverVD, 4, 5, 6), "drive 4 5 6|0");
-    EXPECT_EQ(run<CVDDiscovery>(&Base::discoverAllVDs, 4, 5, 6), "drives 4 5|0");
-    EXPECT_EQ(run<CVDDiscovery>(none, 4, 5, 6), "0");
-    EXPECT_EQ(run<CPDDiscovery>(&Base::discoverPD, 4, 5, 6), framed("three", "disk 4 5 6|"));
-    EXPECT_EQ(run<CPDDiscovery>(&Base::discoverAllPDs, 4, 5, 6), framed("two", "disks 4 5|"));
-    EXPECT_EQ(run<CPDDiscovery>(none, 4, 5, 6), framed("two", ""));
+    EXPECT_EQ(run<CControllerDiscovery>(controller, 4U, 5U), "controller 4 5|3");
+    EXPECT_EQ(run<CVDDiscovery>(&Base::discoverVD, 4U, 5U, 6U), "drive 4 5 6|0");
+    EXPECT_EQ(run<CVDDiscovery>(&Base::discoverAllVDs, 4U, 5U, 6U), "drives 4 5|0");
+    EXPECT_EQ(run<CVDDiscovery>(none, 4U, 5U, 6U), "0");
+    EXPECT_EQ(run<CPDDiscovery>(&Base::discoverPD, 4U, 5U, 6U), framed("three", "disk 4 5 6|"));
+    EXPECT_EQ(run<CPDDiscovery>(&Base::discoverAllPDs, 4U, 5U, 6U), framed("two", "disks 4 5|"));
+    EXPECT_EQ(run<CPDDiscovery>(none, 4U, 5U, 6U), framed("two", ""));
 }
 
 // ---- with all that is real: the Marvell manager, its layer over the simulator, and the data engine
@@ -242,7 +242,8 @@ TEST_F(WalkTest, FailuresOfTheDataEngineStopNothing)
     const std::string outdated = "I:createSDOProxyObj( std::vector<CVirtualDevice*>& ): " + failed;
     struct Case {
         const char* call;
-        unsigned int nth, back, status; // the nth call, or so many ahead of the last one
+        unsigned int nth, back; // the nth call, or so many ahead of the last one
+        int status;
         std::string engine, failures;
     };
     for (const Case& c : {
@@ -272,7 +273,7 @@ TEST_F(WalkTest, FailuresOfTheDataEngineStopNothing)
         clear();
         EXPECT_EQ(m_manager->discover(101, 1), 0U);
         EXPECT_EQ(engine(), c.engine) << c.call << c.nth;
-        EXPECT_EQ(tale(trace(), "[IM]:.*Failed|: Failed to retrieve spec"), c.failures);
+        EXPECT_EQ(tale(trace(), "[IM]:.*Failed|: Failed to retrieve specific"), c.failures);
     }
     stg::SDOProxy proxy; // only disks and drives have a parent, and only drives are completed
     ral_reset();
