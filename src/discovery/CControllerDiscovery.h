@@ -3,6 +3,7 @@
 
 #include "discovery/ICommand.h"
 #include "discovery/ISubSystemManager.h"
+#include "support/Status.h"
 
 // Discovers a controller again.
 class CControllerDiscovery : public ICommand
@@ -17,8 +18,8 @@ class CControllerDiscovery : public ICommand
 
   private:
     ISubSystemManager* m_pSubSystemMgr;
-    unsigned int m_Arg1 = 0;
-    unsigned int m_Arg2 = 0;
+    unsigned int m_Arg1 = stg::NUMBER_UNKNOWN;
+    unsigned int m_Arg2 = stg::NUMBER_UNKNOWN;
     ISubSystemManager::twoArgsActionPtr m_TwoArgsAction;
 };
 

@@ -106,7 +106,7 @@ unsigned int CMarvelSubSystemMgr::updateSDOProxyObj(stg::SDOProxy& proxy, unsign
     void** list = nullptr;
     unsigned int count = stg::NUMBER_UNKNOWN;
     const int status = proxy.retrieveAssociatedSDOObjects(parent, SDO_OBJTYPE_PHYSICAL_DISK, &list, &count);
-    if (status != 0 || count == 0) {
+    if (status != 0 || count == 0 || list == nullptr) {
         log("Failed to retrieve associated Objects.");
         return static_cast<unsigned int>(status);
     }

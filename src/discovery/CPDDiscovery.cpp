@@ -35,9 +35,9 @@ void CPDDiscovery::setArguments(unsigned int first, unsigned int second, unsigne
 unsigned int CPDDiscovery::execute()
 {
     const stg::LogScope scope("ZARNEK:CPDDiscovery::execute()");
-    if (m_ThreeArgsAction != nullptr)
+    if (m_pSubSystemMgr != nullptr && m_ThreeArgsAction != nullptr)
         (m_pSubSystemMgr->*m_ThreeArgsAction)(m_Arg1, m_Arg2, m_Arg3);
-    if (m_TwoArgsAction != nullptr)
+    if (m_pSubSystemMgr != nullptr && m_TwoArgsAction != nullptr)
         (m_pSubSystemMgr->*m_TwoArgsAction)(m_Arg1, m_Arg2);
     return 0;
 }

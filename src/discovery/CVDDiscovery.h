@@ -3,6 +3,7 @@
 
 #include "discovery/ICommand.h"
 #include "discovery/ISubSystemManager.h"
+#include "support/Status.h"
 
 // Discovers one virtual disk or all of a controller again, by the kind of action it is built with.
 class CVDDiscovery : public ICommand
@@ -19,9 +20,9 @@ class CVDDiscovery : public ICommand
 
   private:
     ISubSystemManager* m_pSubSystemMgr;
-    unsigned int m_Arg1 = 0;
-    unsigned int m_Arg2 = 0;
-    unsigned int m_Arg3 = 0;
+    unsigned int m_Arg1 = stg::NUMBER_UNKNOWN;
+    unsigned int m_Arg2 = stg::NUMBER_UNKNOWN;
+    unsigned int m_Arg3 = stg::NUMBER_UNKNOWN;
     ISubSystemManager::threeArgsActionPtr m_ThreeArgsAction;
     ISubSystemManager::twoArgsActionPtr m_TwoArgsAction;
 };

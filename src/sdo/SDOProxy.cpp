@@ -71,10 +71,10 @@ void SDOProxy::initializeLookupTable()
         {TAG_CONTROL_NOTIFY_TYPE, SDO_CODE_SDOCONFIG},
     };
 
-    if (!m_bIsLookupTable) {
-        for (const TypeName& row : TYPE_NAMES)
-            m_LookupTable.emplace(row.name, row.code);
-    }
+    if (m_bIsLookupTable)
+        return;
+    for (const TypeName& row : TYPE_NAMES)
+        m_LookupTable.emplace(row.name, row.code);
     m_bIsLookupTable = true;
 }
 
@@ -133,10 +133,9 @@ void SDOProxy::cloneSDOProxy(const SDOProxy& other)
 
 void SDOProxy::setChildSDOConfigPtr(void* child)
 {
-    if (m_bOwnChild) {
+    if (m_bOwnChild)
         SMSDOConfigFree(m_pChildSDOConfig);
-        m_pChildSDOConfig = nullptr;
-    }
+    m_pChildSDOConfig = nullptr;
     if (child != nullptr) {
         m_pChildSDOConfig = child;
         m_bOwnChild = false;
@@ -145,10 +144,9 @@ void SDOProxy::setChildSDOConfigPtr(void* child)
 
 void SDOProxy::setParentSDOConfigPtr(void* parent)
 {
-    if (m_bOwnParent) {
+    if (m_bOwnParent)
         SMSDOConfigFree(m_pParentSDOConfig);
-        m_pParentSDOConfig = nullptr;
-    }
+    m_pParentSDOConfig = nullptr;
     if (parent != nullptr) {
         m_pParentSDOConfig = parent;
         m_bOwnParent = false;

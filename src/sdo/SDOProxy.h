@@ -19,7 +19,7 @@ namespace stg
 
 // What an object that a search found becomes to the proxy's child. Any other value than CHILD counts as
 // PARENT.
-enum OBJECT_RELATION { RELATION_CHILD = 0, RELATION_PARENT = 1 };
+enum OBJECT_RELATION : unsigned int { RELATION_CHILD = 0, RELATION_PARENT = 1 };
 
 // The only code that touches SDO objects and the data engine. A proxy wraps one object under construction or
 // inspection, the child, and where needed a second one that becomes its parent in the data engine.
@@ -111,6 +111,8 @@ class SDOProxy
     static constexpr std::size_t TEXT_SIZE = 256;
 
     int createFromAttributes(AttribTypeMap& types, AttribValMap& values);
+    // addProperty without the line that a failure ends in.
+    int addByCode(unsigned int id, unsigned char code, const void* value);
     // Calls the visitor with the scratch field of a code of fixed width, its type value and its type's name.
     template <class Visitor>
     int visitScalar(unsigned char code, Visitor visit);

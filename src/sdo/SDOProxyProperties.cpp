@@ -74,12 +74,12 @@ int SDOProxy::addNexus(unsigned int id, const std::vector<unsigned int>& nexus)
 {
     m_NexusValue = nexus;
     if (m_NexusValue.empty()) {
-        lout << ADD_PROPERTY << "Nexus Vector is empty." << '\n';
+        lout << "Nexus Vector is empty." << '\n';
         return STATUS_FAILURE;
     }
     const std::unique_ptr<unsigned int[]> elements(new (std::nothrow) unsigned int[m_NexusValue.size()]);
     if (!elements) {
-        lout << ADD_PROPERTY << "Memory Allocation failed for _nexusArray." << '\n';
+        lout << "Memory Allocation failed for _nexusArray." << '\n';
         return STATUS_FAILURE;
     }
     lout << ADD_PROPERTY << "Property Name: " << id << ", Property Type: SM_SDO_NUMBERFORMAT_NEXUS_U32, "
@@ -128,29 +128,31 @@ int SDOProxy::visitScalar(unsigned char code, Visitor visit)
     }
 }
 
-int SDOProxy::addProperty(unsigned int id, unsigned char code, const void* value)
+int SDOProxy::addByCode(unsigned int id, unsigned char code, const void* value)
 {
-    int status = STATUS_FAILURE;
+    if (value == nullptr && code <= SDO_CODE_ASTRING)
+        return STATUS_FAILURE; // an attribute that was entered without a value
     switch (code) {
     case SDO_CODE_NEXUS:
-        status = addNexus(id, *static_cast<const std::vector<unsigned int>*>(value));
-        break;
+        return addNexus(id, *static_cast<const std::vector<unsigned int>*>(value));
     case SDO_CODE_ASTRING:
-        status = addText(id, *static_cast<const std::string*>(value));
-        break;
+        return addText(id, *static_cast<const std::string*>(value));
     case SDO_CODE_SDOCONFIG:
-        status = addNested(id, value);
-        break;
+        return addNested(id, value);
     default:
         if (code > SDO_CODE_ASTRING) {
-            lout << ADD_PROPERTY << "propType has hit \"default\" label. propType = " << code << '\n';
-            break;
+            lout << "propType has hit \"default\" label. propType = " << code << '\n';
+            return STATUS_FAILURE;
         }
-        status = visitScalar(code, [&](auto& scratch, unsigned char typeValue, const char* typeName) {
+        return visitScalar(code, [&](auto& scratch, unsigned char typeValue, const char* typeName) {
             return addScalar(id, typeValue, typeName, value, scratch);
         });
-        break;
     }
+}
+
+int SDOProxy::addProperty(unsigned int id, unsigned char code, const void* value)
+{
+    const int status = addByCode(id, code, value);
     if (status != STATUS_SUCCESS)
         lout << ADD_PROPERTY << "Failed to add property to SDOConfig*. "
              << "propName = " << id << ", propType = " << code << '\n';

@@ -41,10 +41,9 @@ void SDOProxy_Helper::operator()(std::pair<std::string, void*> pairObj)
     PropertyType type{};
     if (!find(LABEL, pairObj.first, type))
         return;
-    lout << LABEL << ": "
-         << "Property name = " << type.id << ", Property Type = " << static_cast<unsigned int>(type.code)
+    lout << "Property name = " << type.id << ", Property Type = " << static_cast<unsigned int>(type.code)
          << '\n';
-    if (type.isBool) {
+    if (type.isBool && pairObj.second != nullptr) {
         const unsigned int widened = *static_cast<const unsigned char*>(pairObj.second) != 0 ? 1 : 0;
         m_Proxy.addProperty(type.id, type.code, &widened);
     } else {

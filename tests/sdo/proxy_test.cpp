@@ -124,7 +124,7 @@ TEST_F(SDOProxyTest, TextsNexusAndNestedObjectsAndWhatIsRefused)
         EXPECT_EQ(m_proxy.addProperty(4, code, &nexus), 1);
         EXPECT_EQ(read(4, code, "none", 1), "none");
         const std::string unknown = withCode("propType has hit \"default\" label. propType = ", code);
-        Lines expected = {ADD + (code == 5 ? "Nexus Vector is empty." : unknown), failed("4", code)};
+        Lines expected = {code == 5 ? "Nexus Vector is empty." : unknown, failed("4", code)};
         if (code != 5)
             expected.push_back(PROXY + "getProperty(): default");
         EXPECT_EQ(messages(), expected);
