@@ -28,7 +28,7 @@ class ISource
 
     // The adapters before their first poll, and the rules of the calls that concern no single adapter.
     virtual std::vector<PlayedAdapter> adapters() = 0;
-    virtual CallRules libraryRules() const = 0;
+    virtual CallRules vendorRules() const = 0;
 
     // Brings one adapter to the poll that its `polls` names: changes the model and the rules, and appends
     // what happened to `pending`.

@@ -32,7 +32,7 @@ class LiveSource : public ISource
     LiveSource(const std::string& sysfsRoot, std::string stateFile);
 
     std::vector<PlayedAdapter> adapters() override;
-    CallRules libraryRules() const override { return {}; }
+    CallRules vendorRules() const override { return {}; }
     void beginPoll(unsigned int index, PlayedAdapter& adapter) override;
     unsigned int lastPoll() const override { return 0; } // nothing is planned
     std::uint32_t startSequence() const override;

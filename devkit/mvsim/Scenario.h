@@ -28,7 +28,7 @@ struct TimelineStep {
 
 struct Scenario {
     std::uint32_t sequence = 0;
-    CallRules libraryRules;
+    CallRules vendorRules;
     std::vector<ScenarioAdapter> adapters;
     std::vector<TimelineStep> timeline; // by ascending poll
 };

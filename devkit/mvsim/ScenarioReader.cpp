@@ -292,7 +292,7 @@ Scenario readScenario(const Json& document)
     object.needed("name", object.bytes("name", kAnyLength));
     object.bytes("description", kAnyLength);
     scenario.sequence = object.number<std::uint32_t>("sequence").value_or(0);
-    scenario.libraryRules = readRules(object, true);
+    scenario.vendorRules = readRules(object, true);
     if (!object.has("adapters")) {
         throw FormatError(object.place("adapters"), "a list", "nothing");
     }

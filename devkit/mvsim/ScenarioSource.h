@@ -14,7 +14,7 @@ class ScenarioSource : public ISource
     explicit ScenarioSource(Scenario scenario);
 
     std::vector<PlayedAdapter> adapters() override;
-    CallRules libraryRules() const override { return m_scenario.libraryRules; }
+    CallRules vendorRules() const override { return m_scenario.vendorRules; }
     void beginPoll(unsigned int index, PlayedAdapter& adapter) override;
     unsigned int lastPoll() const override;
     std::uint32_t startSequence() const override { return m_scenario.sequence; }

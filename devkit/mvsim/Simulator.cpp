@@ -103,7 +103,7 @@ void Simulator::choose(std::unique_ptr<ISource> source)
 {
     m_chosen = true;
     m_adapters = source ? source->adapters() : std::vector<PlayedAdapter>{};
-    m_libraryRules = source ? source->libraryRules() : CallRules{};
+    m_vendorRules = source ? source->vendorRules() : CallRules{};
     m_lastSequence = source ? source->startSequence() : 0;
     m_source = std::move(source);
 }
@@ -159,11 +159,11 @@ unsigned int Simulator::answer(EntryPoint entry, unsigned int adapter, Fill fill
     return verdict.result != 0 ? verdict.result : status;
 }
 
-unsigned int Simulator::libraryCall(EntryPoint entry)
+unsigned int Simulator::vendorCall(EntryPoint entry)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
-    return m_libraryRules.judge(entry).result;
+    return m_vendorRules.judge(entry).result;
 }
 
 unsigned int Simulator::adapterCount()
@@ -171,7 +171,7 @@ unsigned int Simulator::adapterCount()
     const std::lock_guard<std::mutex> lock(m_mutex);
     ensureSource();
     const auto real = static_cast<unsigned int>(m_adapters.size());
-    return m_libraryRules.answer(EntryPoint::MV_Adapter_GetCount).count.value_or(real);
+    return m_vendorRules.answer(EntryPoint::MV_Adapter_GetCount).count.value_or(real);
 }
 
 unsigned int Simulator::adapterInfo(unsigned int adapter, _Adapter_Info* info)

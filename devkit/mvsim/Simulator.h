@@ -33,7 +33,7 @@ class Simulator
     unsigned int polls();    // begun by adapter 0
     unsigned int lastPoll(); // at which the source has something planned
 
-    unsigned int libraryCall(EntryPoint entry); // the calls that only give a status
+    unsigned int vendorCall(EntryPoint entry); // the calls that only give a status
     unsigned int adapterCount();
     unsigned int adapterInfo(unsigned int adapter, _Adapter_Info* info);
     unsigned int adapterConfig(unsigned int adapter, _Adapter_Config_V2* config);
@@ -65,7 +65,7 @@ class Simulator
     bool m_chosen = false;
     std::unique_ptr<ISource> m_source;
     std::vector<PlayedAdapter> m_adapters;
-    CallRules m_libraryRules;
+    CallRules m_vendorRules;
     std::uint32_t m_sequenceBase = 0;
     std::uint32_t m_lastSequence = 0; // given out
 };

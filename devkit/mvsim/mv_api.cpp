@@ -90,10 +90,10 @@ unsigned int requestCall(EntryPoint entry, unsigned char adapter, const _Info_Re
         });
 }
 
-unsigned int libraryCall(EntryPoint entry) noexcept
+unsigned int vendorCall(EntryPoint entry) noexcept
 {
     return call(
-        entry, [entry](Simulator& simulator) { return simulator.libraryCall(entry); }, noArguments, noRemark);
+        entry, [entry](Simulator& simulator) { return simulator.vendorCall(entry); }, noArguments, noRemark);
 }
 
 unsigned int listCall(EntryPoint entry, unsigned char adapter, _Info_Request* request) noexcept
@@ -112,17 +112,17 @@ unsigned int unsupportedCall(EntryPoint entry, unsigned char adapter) noexcept
 
 unsigned int MV_API_Initialize()
 {
-    return libraryCall(EntryPoint::MV_API_Initialize);
+    return vendorCall(EntryPoint::MV_API_Initialize);
 }
 
 unsigned int MV_API_Finalize()
 {
-    return libraryCall(EntryPoint::MV_API_Finalize);
+    return vendorCall(EntryPoint::MV_API_Finalize);
 }
 
 unsigned int MV_API_Version()
 {
-    return libraryCall(EntryPoint::MV_API_Version);
+    return vendorCall(EntryPoint::MV_API_Version);
 }
 
 unsigned int MV_Adapter_GetCount()
