@@ -28,7 +28,8 @@ template <class Device, class Base>
 class DeviceList
 {
   public:
-    explicit DeviceList(unsigned int count)
+    // The delegation makes the list complete first: when a device throws, the destructor frees the others.
+    explicit DeviceList(unsigned int count) : DeviceList()
     {
         for (unsigned int index = 0; index < count; ++index) {
             std::unique_ptr<Base> device(new (std::nothrow) Device);
@@ -49,6 +50,8 @@ class DeviceList
     std::vector<Base*>& pointers() { return m_devices; }
 
   private:
+    DeviceList() = default;
+
     std::vector<Base*> m_devices;
 };
 

@@ -313,12 +313,14 @@ void CCommandHandler::deleteFromMap(unsigned int cntrlId)
 void CCommandHandler::eraseFromMap(unsigned int cntrlId)
 {
     const auto found = m_ControllerSubSystemMap.find(cntrlId);
-    if (found == m_ControllerSubSystemMap.end() || found->second == nullptr)
+    if (found == m_ControllerSubSystemMap.end())
         return;
     ISubSystemManager* const manager = found->second;
+    m_ControllerSubSystemMap.erase(found);
+    if (manager == nullptr)
+        return;
     const bool dies = isMarvellManager(typeNameOf(manager));
     deleteSubSystemMgrFromMap(manager);
-    m_ControllerSubSystemMap.erase(found);
     // A manager stands under the number of each of its controllers; none of them may be followed any more.
     for (auto element = m_ControllerSubSystemMap.begin(); dies && element != m_ControllerSubSystemMap.end();)
         element = element->second == manager ? m_ControllerSubSystemMap.erase(element) : std::next(element);

@@ -20,6 +20,8 @@ class CCommandHandler_Helper
     explicit CCommandHandler_Helper(CSubSystemFactory*& factory);
     // Removes each manager if `remove` is true.
     explicit CCommandHandler_Helper(bool remove);
+    // Any other pointer would count as a Boolean.
+    explicit CCommandHandler_Helper(const void* pointer) = delete;
     // Looks for the manager with this identifier.
     explicit CCommandHandler_Helper(unsigned int managerId);
     CCommandHandler_Helper(const CCommandHandler_Helper& other);

@@ -2,6 +2,7 @@
 #define ZARNEK_EVENTS_IEVTSUBJECT_H
 
 #include "mvlayer/SCntrlID.h"
+#include "support/Status.h"
 
 #include <list>
 #include <vector>
@@ -45,7 +46,7 @@ class IEvtSubject
     IEvtSubject& operator=(const IEvtSubject& other);
 
     IEvtObserver* m_pObserver = nullptr;
-    unsigned int m_SubjectID = 0;
+    unsigned int m_SubjectID = stg::NUMBER_UNKNOWN;
     ILibraryInterfaceLayer* m_pLilLayer = nullptr;
     NotifyFunction m_pfnNotify = nullptr;
     std::list<stg::SCntrlID_t> m_CntrlIdList;

@@ -93,7 +93,8 @@ class CVirtualDevice
 
     // Finds virtual disks of a controller in the data engine by their logical drive number; NUMBER_UNKNOWN
     // asks for all. Results as of CPhysicalDevice::getPdObject, but any status of the data engine's listing
-    // is a failure and is returned.
+    // is a failure and is returned, and an object whose layer cannot be read makes the result 1 until a later
+    // one is taken.
     unsigned int getVdObject(unsigned int globalCntrlNum, void** outObjects, unsigned int logicalDriveNum);
 
     // The attributes set on this object, and the class's table of all attributes.

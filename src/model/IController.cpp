@@ -190,6 +190,8 @@ unsigned int IController::getControllerObject(void* inSDOObj, unsigned int globa
     stg::lout << MESSAGE << "Total Number of Controllers = " << count << '\n';
 
     unsigned int result = stg::STATUS_NO_MATCH;
+    if (count == 0 || list == nullptr)
+        return result;
     for (unsigned int index = 0; index < count; ++index) {
         unsigned int vilNumber = stg::NUMBER_UNKNOWN;
         if (proxy.retrieveSpecificProperty(list[index], SSPROP_VILNUMBER_U32, &vilNumber) != 0) {
@@ -213,8 +215,7 @@ unsigned int IController::getControllerObject(void* inSDOObj, unsigned int globa
         }
         break;
     }
-    if (count != 0)
-        proxy.deleteAssociatedSDOObjects(list, count);
+    proxy.deleteAssociatedSDOObjects(list, count);
     return result;
 }
 

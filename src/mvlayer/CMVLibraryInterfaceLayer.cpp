@@ -30,6 +30,7 @@ CMVLibraryInterfaceLayer::CMVLibraryInterfaceLayer(unsigned int vendorId, void* 
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:CLibraryInterfaceLayer()");
     if (CLibraryManager* const manager = CLibraryManager::getUniqueInstance())
         m_pMarvellLib = dynamic_cast<CMarvellVendorLibrary*>(manager->getVendorLibInstance(vendorId));
+    m_librarySerial = IVendorLibrary::serialNumberOf(m_pMarvellLib);
     CMVLibraryInterfaceLayer::libInit();
 }
 
@@ -41,7 +42,9 @@ CMVLibraryInterfaceLayer::~CMVLibraryInterfaceLayer()
 
 CMarvellVendorLibrary* CMVLibraryInterfaceLayer::library() const
 {
-    return m_pMarvellLib != nullptr && IVendorLibrary::isAlive(m_pMarvellLib) ? m_pMarvellLib : nullptr;
+    const bool lives =
+        m_librarySerial != 0 && IVendorLibrary::serialNumberOf(m_pMarvellLib) == m_librarySerial;
+    return lives ? m_pMarvellLib : nullptr;
 }
 
 short CMVLibraryInterfaceLayer::statusOf(unsigned int result)

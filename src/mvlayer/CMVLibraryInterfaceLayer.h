@@ -10,8 +10,9 @@
 class CMarvellVendorLibrary;
 
 // The queries over the Marvell API. Construction finds the registered library of the vendor and initialises
-// its API, destruction finalises it; without a registered library every query answers 0 and calls nothing.
-// Should the library be unloaded while the layer lives, the layer counts as one without a library.
+// its API, destruction finalises it; without a registered library every query answers 0 and calls nothing,
+// save the count of a library that is handed in. Should the library be unloaded between two calls, the layer
+// counts as one without a library from then on.
 class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
 {
   public:
@@ -67,6 +68,7 @@ class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
     short callOneDevice(Function function, unsigned int id, unsigned short hdId, Request* request);
 
     CMarvellVendorLibrary* m_pMarvellLib;
+    std::uint64_t m_librarySerial = 0;
 };
 
 #endif

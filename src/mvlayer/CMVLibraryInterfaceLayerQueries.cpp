@@ -297,7 +297,6 @@ short CMVLibraryInterfaceLayer::getAllVDInfo(unsigned int globalCntrlNum, unsign
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getAllVDInfo()");
 
-    getControllerCount();
     DriveLists lists(getMarvellBufSize(cntrlId));
     stg::lout << "ZARNEK:CLibraryInterfaceLayer: getAllVDInfo() maxNum : " << lists.info.entryCount() << '\n';
     const short result = fetchDriveLists(*this, cntrlId, lists);

@@ -11,9 +11,10 @@ class CVirtualDevice;
 class IController;
 class IVendorLibrary;
 
-// The vendor-neutral queries with which discovery and event code talk to a vendor library. A layer takes no
-// lock and does not change after construction: it is called from the entry thread and the event thread alike,
-// and both go straight into the vendor library. Controllers are named by the vendor's adapter index.
+// The vendor-neutral queries with which discovery and event code talk to a vendor library. A layer does not
+// change after construction and holds no lock during a call: it is called from the entry thread and the event
+// thread alike, and both go straight into the vendor library. Controllers are named by the vendor's adapter
+// index.
 //
 // Statuses are 0 for success, -1 for a failure of the layer's own, or the vendor's error number. A missing
 // library or entry point reads as success with an empty answer.

@@ -133,7 +133,7 @@ void SDOProxy::cloneSDOProxy(const SDOProxy& other)
 
 void SDOProxy::setChildSDOConfigPtr(void* child)
 {
-    if (m_bOwnChild)
+    if (m_bOwnChild && child != m_pChildSDOConfig)
         SMSDOConfigFree(m_pChildSDOConfig);
     m_pChildSDOConfig = nullptr;
     if (child != nullptr) {
@@ -144,7 +144,7 @@ void SDOProxy::setChildSDOConfigPtr(void* child)
 
 void SDOProxy::setParentSDOConfigPtr(void* parent)
 {
-    if (m_bOwnParent)
+    if (m_bOwnParent && parent != m_pParentSDOConfig)
         SMSDOConfigFree(m_pParentSDOConfig);
     m_pParentSDOConfig = nullptr;
     if (parent != nullptr) {

@@ -102,7 +102,8 @@ class SDOProxy
     void* retrieveSingleSDOObject(CVirtualDevice& drive);
 
     // Set a model object's attributes from the data engine's object with the same key. Status of the search;
-    // a virtual disk is never read back and gives 1.
+    // 1 without a search for a disk whose device id is not known, and for every virtual disk, which is never
+    // read back.
     unsigned int retrieveObjectFromSDO(IController& controller);
     unsigned int retrieveObjectFromSDO(CPhysicalDevice& disk);
     unsigned int retrieveObjectFromSDO(CVirtualDevice& drive);

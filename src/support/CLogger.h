@@ -44,6 +44,9 @@ class CLogger
     CLogger& operator<<(unsigned char value);
     // '\n' ends the line and is not part of it; an empty line is not written.
     CLogger& operator<<(char value);
+    // There is none for pointers; without these they would show as the Boolean 1.
+    CLogger& operator<<(const void* pointer) = delete;
+    CLogger& operator<<(const wchar_t* text) = delete;
 
   private:
     template <class Value>

@@ -9,22 +9,32 @@
 namespace stg
 {
 
+namespace
+{
+
+// Without memory for the line the line is lost, the process is not: frames stand in destructors too.
+void writeFrame(const char* label, const char* word)
+{
+    try {
+        lout.writeLog(std::string(label) + word);
+    } catch (const std::bad_alloc&) {
+    }
+}
+
+} // namespace
+
 LogScope::LogScope(const char* label) : LogScope(label, label) {}
 
 LogScope::LogScope(const char* entryLabel, const char* exitLabel)
     : m_exitLabel(exitLabel), m_exceptionsAtEntry(std::uncaught_exceptions())
 {
-    lout.writeLog(std::string(entryLabel) + " ENTRY ");
+    writeFrame(entryLabel, " ENTRY ");
 }
 
 LogScope::~LogScope()
 {
-    if (m_exitLabel == nullptr || std::uncaught_exceptions() != m_exceptionsAtEntry)
-        return;
-    try {
-        lout.writeLog(std::string(m_exitLabel) + " EXIT ");
-    } catch (const std::bad_alloc&) { // no memory for the line: it is lost, the process is not
-    }
+    if (m_exitLabel != nullptr && std::uncaught_exceptions() == m_exceptionsAtEntry)
+        writeFrame(m_exitLabel, " EXIT ");
 }
 
 } // namespace stg

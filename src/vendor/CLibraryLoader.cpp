@@ -11,6 +11,7 @@
 
 #include <sdo.h>
 
+#include <memory>
 #include <new>
 
 CLibraryLoader::CLibraryLoader() = default;
@@ -57,15 +58,17 @@ short CLibraryLoader::createAllLibObjs()
     // The list shrinks while the counter grows: of n entries the last half is worked, an odd n one more.
     for (std::size_t counter = 0; counter < m_vendorInfo.size(); ++counter) {
         const stg::SVendorInfo_t vendor = m_vendorInfo.back();
-        IVendorLibrary* const library = createLibModelObj(vendor.m_VendorID, vendor.m_LibName);
-        if (library != nullptr) {
+        std::unique_ptr<IVendorLibrary> library(createLibModelObj(vendor.m_VendorID, vendor.m_LibName));
+        if (library) {
             library->setLibHandle();
             library->setAPIName();
             stg::CLibraryManager_Helper helper;
-            if (helper.checkControllerExistence(library->getVendorId(), library)) {
+            if (helper.checkControllerExistence(library->getVendorId(), library.get())) {
                 if (CLibraryManager* const manager = CLibraryManager::getUniqueInstance())
-                    manager->insertIntoMap(library->getVendorId(), library);
+                    manager->insertIntoMap(library->getVendorId(), library.get());
             }
+            // The manager's, or, without a controller, loaded for good.
+            static_cast<void>(library.release());
         }
         m_vendorInfo.pop_back();
     }

@@ -1,7 +1,6 @@
 #include "vendor/CLibraryManager.h"
 
 #include "support/CLogger.h"
-#include "support/Distinct.h"
 #include "support/LogScope.h"
 #include "support/Singleton.h"
 #include "support/Status.h"
@@ -9,7 +8,6 @@
 #include "vendor/IVendorLibrary.h"
 
 #include <new>
-#include <vector>
 
 CLibraryManager* CLibraryManager::m_pLibManager = nullptr;
 
@@ -95,7 +93,7 @@ short CLibraryManager::updateLibraryMultiMap(LibraryPair& pair)
 {
     const stg::LogScope scope("ZARNEK:CLibraryManager:updateLibraryMultiMap()");
     const auto found = m_libMap.lower_bound(pair.first);
-    if (found != m_libMap.end() && found->first == pair.first)
+    if (found != m_libMap.end() && found->first == pair.first && found->second != pair.second)
         delete found->second;
     m_libMap.erase(pair.first);
     m_libMap.insert(pair);
@@ -105,12 +103,15 @@ short CLibraryManager::updateLibraryMultiMap(LibraryPair& pair)
 short CLibraryManager::removeAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CLibraryManager:removeAllElementsFromMap()");
-    // A library that was inserted twice is deleted once.
-    std::vector<IVendorLibrary*> libraries;
-    for (const auto& entry : m_libMap)
-        stg::appendDistinct(libraries, entry.second);
-    for (IVendorLibrary* library : libraries)
+    for (auto& entry : m_libMap) {
+        const IVendorLibrary* const library = entry.second;
+        // A library that was inserted twice is deleted once.
+        for (auto& other : m_libMap) {
+            if (other.second == library)
+                other.second = nullptr;
+        }
         delete library;
+    }
     m_libMap.clear();
     return stg::STATUS_SUCCESS;
 }

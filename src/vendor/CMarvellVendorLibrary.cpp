@@ -41,10 +41,10 @@ struct CMarvellVendorLibrary::EntryPoint {
     }
 };
 
+// clang-format off
 #define ENTRY_POINT(symbol, field, tests, nameInMessage)                                                     \
-    {                                                                                                        \
-#symbol, &EntryPoint::store < &CMarvellVendorLibrary::field>, Tests::tests, #nameInMessage           \
-    }
+    {#symbol, &EntryPoint::store<&CMarvellVendorLibrary::field>, Tests::tests, #nameInMessage}
+// clang-format on
 constexpr CMarvellVendorLibrary::EntryPoint CMarvellVendorLibrary::ENTRY_POINTS[] = {
     ENTRY_POINT(MV_API_Initialize, m_gMV_API_INITIALIZE, Own, m_gMV_API_INITIALIZE),
     ENTRY_POINT(MV_API_Finalize, m_gMV_API_FINALIZE, Initialize, m_gMV_API_FINALIZE),

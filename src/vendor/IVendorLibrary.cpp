@@ -9,52 +9,58 @@
 
 #include <dlfcn.h>
 
+#include <map>
 #include <mutex>
-#include <set>
 #include <utility>
 
 namespace
 {
 
-// The library objects of the process.
+// The library objects of the process, numbered from 1.
 class LivingLibraries
 {
   public:
+    // Never destroyed: an event thread may outlive the statics of a process that ends.
+    static LivingLibraries& instance()
+    {
+        static auto* const libraries = new LivingLibraries;
+        return *libraries;
+    }
     void insert(const IVendorLibrary* library)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_libraries.insert(library);
+        m_serialNumbers[library] = ++m_last;
     }
     void erase(const IVendorLibrary* library)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_libraries.erase(library);
+        m_serialNumbers.erase(library);
     }
-    bool contains(const IVendorLibrary* library)
+    std::uint64_t serialNumberOf(const IVendorLibrary* library)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_libraries.count(library) != 0;
+        const auto found = m_serialNumbers.find(library);
+        return found == m_serialNumbers.end() ? 0 : found->second;
     }
 
   private:
     std::mutex m_mutex;
-    std::set<const IVendorLibrary*> m_libraries;
+    std::map<const IVendorLibrary*, std::uint64_t> m_serialNumbers;
+    std::uint64_t m_last = 0;
 };
-
-LivingLibraries livingLibraries;
 
 } // namespace
 
-bool IVendorLibrary::isAlive(const IVendorLibrary* library)
+std::uint64_t IVendorLibrary::serialNumberOf(const IVendorLibrary* library)
 {
-    return livingLibraries.contains(library);
+    return LivingLibraries::instance().serialNumberOf(library);
 }
 
 IVendorLibrary::IVendorLibrary(std::string vendorId, std::string libName)
     : m_libName(std::move(libName)), m_vendorId(static_cast<unsigned int>(stg::toSigned32(vendorId)))
 {
     const stg::LogScope scope("ZARNEK:IVendorLibrary::IVendorLibrary()");
-    livingLibraries.insert(this);
+    LivingLibraries::instance().insert(this);
 }
 
 void* IVendorLibrary::loadLibrary(std::string name)
@@ -72,7 +78,7 @@ void* IVendorLibrary::loadLibrary(std::string name)
 
 IVendorLibrary::~IVendorLibrary()
 {
-    livingLibraries.erase(this);
+    LivingLibraries::instance().erase(this);
     IVendorLibrary::unloadLibHandle(m_libHandle);
 }
 

@@ -1,6 +1,7 @@
 #ifndef ZARNEK_VENDOR_IVENDORLIBRARY_H
 #define ZARNEK_VENDOR_IVENDORLIBRARY_H
 
+#include <cstdint>
 #include <list>
 #include <string>
 
@@ -28,9 +29,11 @@ class IVendorLibrary
     virtual void* getLibHandle();
     virtual unsigned int getVendorId();
 
-    // Whether this is a library object that has not been destroyed; safe on any thread, for any pointer. A
-    // query layer that outlives its library asks before it follows its pointer.
-    static bool isAlive(const IVendorLibrary* library);
+    // The serial number of a library object that has not been destroyed, else 0; for any pointer, on any
+    // thread. No two objects have the same number, also when they stood at one address. A query layer that
+    // outlives its library learns by it that its pointer must not be followed. It guards against a library
+    // unloaded between two calls, not against one unloaded during a call.
+    static std::uint64_t serialNumberOf(const IVendorLibrary* library);
 
   private:
     std::string m_libName;

@@ -9,6 +9,7 @@
 #include <array>
 #include <fstream>
 #include <functional>
+#include <stdexcept>
 
 namespace stg
 {
@@ -44,7 +45,9 @@ void scanLines(std::istream& file, const std::string& wantedSection, Sections se
             line = ";";
         removeBeginingAndTrailingSpaces(line);
         removeAllSpaces(line);
-        if (line.at(0) == ';') // out of range for a line of white space
+        if (line.empty()) // it was white space
+            throw std::out_of_range("basic_string::at");
+        if (line.front() == ';')
             continue;
         if (isSectionHeader(line)) {
             skipping = (sectionName(line) == wantedSection) == (sections == Sections::AllButNamed);

@@ -229,7 +229,7 @@ TEST_F(LayerTest, SizesItsLists)
         const std::string count = "MV_Adapter_GetCount() = 1", info = "MV_Adapter_GetInfo(0) = 0";
         EXPECT_THAT(vendorCalls(),
                     ElementsAre(count, info, line("PD_GetHDInfo_Ext", diskInfo),
-                                line("PD_GetConfig", diskConfig), count, info, line("LD_GetInfo", driveInfo),
+                                line("PD_GetConfig", diskConfig), info, line("LD_GetInfo", driveInfo),
                                 line("LD_GetConfig", driveConfig)));
     }
 }
