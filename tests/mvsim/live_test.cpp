@@ -1,6 +1,8 @@
 // The live source against captured machines: sysfs trees built in a folder, and changed between polls.
 #include "mvsim/SimTest.h"
 
+#include <sstream>
+
 namespace
 {
 
@@ -11,8 +13,6 @@ namespace fs = std::filesystem;
 class LiveTest : public SimTest
 {
   protected:
-    using Files = std::vector<std::pair<std::string, std::string>>;
-
     LiveTest() { fs::create_directories(m_folder.path("sys/block")); }
 
     void put(const std::string& file, const std::string& content) const
@@ -21,10 +21,13 @@ class LiveTest : public SimTest
         fs::create_directories(path.parent_path());
         std::ofstream(path) << content << '\n';
     }
-    void put(const std::string& folder, const Files& files) const
+    // Files given as `name=content`, with semicolons between.
+    void putAll(const std::string& folder, const std::string& files) const
     {
-        for (const auto& [file, content] : files) {
-            put(folder + "/" + file, content);
+        std::istringstream stream(files);
+        for (std::string file; std::getline(stream, file, ';');) {
+            const std::size_t equals = file.find('=');
+            put(folder + "/" + file.substr(0, equals), file.substr(equals + 1));
         }
     }
     void remove(const std::string& name) const { fs::remove_all(m_folder.path("sys/" + name)); }
@@ -35,22 +38,18 @@ class LiveTest : public SimTest
     // A disk of which little is known.
     void putPlain(const std::string& name, const std::string& serial) const
     {
-        put("block/" + name, {{"device/model", "PLAIN"}, {"device/serial", serial}, {"size", "2048"}});
+        putAll("block/" + name, "device/model=PLAIN;size=2048;device/serial=" + serial);
     }
     void putArray(const std::string& name, const std::string& level, int disks,
                   const std::string& state) const
     {
-        put("block/" + name + "/md", {{"level", level},
-                                      {"raid_disks", std::to_string(disks)},
-                                      {"array_state", state},
-                                      {"degraded", "0"},
-                                      {"sync_action", "idle"},
-                                      {"component_size", "512"}});
+        putAll("block/" + name + "/md", "degraded=0;sync_action=idle;component_size=512;level=" + level +
+                                            ";raid_disks=" + std::to_string(disks) + ";array_state=" + state);
     }
     void putMember(const std::string& array, const std::string& member, const std::string& state,
                    const std::string& slot = "none") const
     {
-        put("block/" + array + "/md/dev-" + member, {{"state", state}, {"slot", slot}});
+        putAll("block/" + array + "/md/dev-" + member, "state=" + state + ";slot=" + slot);
     }
     void loadLive(const char* stateFile = nullptr) const
     {
@@ -78,41 +77,32 @@ TEST_F(LiveTest, DiskFromEveryPlace)
     // As the kernel shows it, the folders lie under devices, and links lead there.
     const std::string ata = "devices/pci0000:00/0000:00:1f.2/ata3";
     const std::string sata = ata + "/host0/target0:0:0/0:0:0:0";
-    put(ata + "/link3/ata_link/link3", {{"sata_spd", "3.0 Gbps"}, {"hw_sata_spd_limit", "6.0 Gbps"}});
-    put(sata, {{"vendor", "ATA     "},
-               {"model", "KORVAL H4T72    "},
-               {"rev", "KC43"},
-               {"wwid", "naa.5A01"},
-               {"vpd_pg80", std::string("\0\x80\0\x10", 4) + "        5A01"}});
-    put(sata + "/block/sda", {{"size", "7814037168"},
-                              {"queue/logical_block_size", "512"},
-                              {"queue/rotational", "1"},
-                              {"queue/write_cache", "write back"},
-                              {"sda1/partition", "1"},
-                              {"sda1/size", "2097152"}});
+    putAll(ata + "/link3/ata_link/link3", "sata_spd=3.0 Gbps;hw_sata_spd_limit=6.0 Gbps");
+    putAll(sata, "vendor=ATA     ;model=KORVAL H4T72    ;rev=KC43;wwid=naa.5A01");
+    put(sata + "/vpd_pg80", std::string("\0\x80\0\x10", 4) + "        5A01");
+    putAll(sata + "/block/sda", "size=7814037168;queue/logical_block_size=512;queue/rotational=1;queue/"
+                                "write_cache=write back;sda1/partition=1;sda1/size=2097152");
     link(sata + "/block/sda/device", "../../../0:0:0:0");
     link("block/sda", "../" + sata + "/block/sda");
 
-    put("devices/pci1/nvme/nvme0",
-        {{"model", "TESSEN NVX          "}, {"serial", "NVX-0001"}, {"firmware_rev", "2.0.1"}});
-    put("block/nvme0n1",
-        {{"size", "1875385008"}, {"queue/logical_block_size", "4096"}, {"queue/rotational", "0"}});
+    putAll("devices/pci1/nvme/nvme0", "model=TESSEN NVX          ;serial=NVX-0001;firmware_rev=2.0.1");
+    putAll("block/nvme0n1", "size=1875385008;queue/logical_block_size=4096;queue/rotational=0");
     link("block/nvme0n1/device", "../../devices/pci1/nvme/nvme0");
-    put("block/nvme0c0n1", {{"device/model", "PATH TO THE SAME"}, {"hidden", "1"}});
+    putAll("block/nvme0c0n1", "device/model=PATH TO THE SAME;hidden=1");
 
     const std::string sas = "devices/pci2/host1/port-1:0/end_device-1:0/target1:0:0/1:0:0:0";
-    put(sas, {{"vendor", "ORBEN   "}, {"model", "TK1200R10       "}, {"sas_address", "0x5001ff00a1b2c3d4"}});
+    putAll(sas, "vendor=ORBEN   ;model=TK1200R10       ;sas_address=0x5001ff00a1b2c3d4");
     put("block/sdb/queue/rotational", "1");
     link("block/sdb/device", "../../" + sas);
 
     // Two that say the same of themselves, and what is no disk.
-    put("block/vda", {{"device/vendor", "0x1af4"}, {"serial", "disk-of-a-guest"}});
-    put("block/vdb", {{"device/vendor", "0x1af4"}, {"serial", "disk-of-a-guest"}});
+    putAll("block/vda", "device/vendor=0x1af4;serial=disk-of-a-guest");
+    putAll("block/vdb", "device/vendor=0x1af4;serial=disk-of-a-guest");
     for (const char* other : {"loop0", "ram1", "zram0", "dm-0", "sr0", "fd0", "md9"}) {
         put(std::string("block/") + other + "/device/model", "NO DISK");
     }
     put("block/sdc/size", "100"); // nothing behind it
-    put("block/sdd", {{"device/model", "CARD READER"}, {"removable", "1"}, {"size", "0"}});
+    putAll("block/sdd", "device/model=CARD READER;removable=1;size=0");
     loadLive();
 
     const struct {
@@ -189,7 +179,7 @@ TEST_F(LiveTest, ArrayStates)
     for (const auto& row : cases) {
         SCOPED_TRACE(testing::Message() << row.level << " " << row.state << " " << row.action);
         putArray("md127", row.level, row.disks, row.state);
-        put("block/md127/md", {{"sync_action", row.action}, {"chunk_size", "65536"}});
+        putAll("block/md127/md", std::string("chunk_size=65536;sync_action=") + row.action);
         remove("block/md127/md/degraded");
         if (row.degraded != nullptr) {
             put("block/md127/md/degraded", row.degraded);
@@ -206,7 +196,7 @@ TEST_F(LiveTest, ArrayStates)
     }
     remove("block/md127");
     putArray("md_home", "raid0", 2, "clean");
-    put("block/md_home", {{"dev", "9:300"}, {"size", "123456"}});
+    putAll("block/md_home", "dev=9:300;size=123456");
     loadLive();
     EXPECT_EQ(list(&MV_LD_GetInfo).word(0x00), 300U);
     EXPECT_EQ(list(&MV_LD_GetInfo).word(0x18), 61728U);
@@ -258,30 +248,27 @@ TEST_F(LiveTest, ChangesBecomeEvents)
 
     const struct {
         const char* what;
-        Files files; // of the array
+        const char* files; // of the array
         std::vector<std::string> events;
     } story[] = {
-        {"degraded", {{"dev-sdb/state", "faulty"}, {"degraded", "1"}}, {"2/201/1#1", "1/103/5#2"}},
-        {"nothing new", {}, {}},
-        {"spare assigned", {{"dev-sdc/state", "spare"}, {"dev-sdc/slot", "none"}}, {"2/211/2#3"}},
+        {"degraded", "dev-sdb/state=faulty;degraded=1", {"2/201/1#1", "1/103/5#2"}},
+        {"nothing new", "", {}},
+        {"spare assigned", "dev-sdc/state=spare;dev-sdc/slot=none", {"2/211/2#3"}},
         {"spare takes over",
-         {{"dev-sdc/slot", "1"}, {"sync_action", "recover"}, {"sync_completed", "100 / 1000"}},
+         "dev-sdc/slot=1;sync_action=recover;sync_completed=100 / 1000",
          {"2/212/2#4", "1/111/5#5"}},
-        {"rebuild", {{"sync_completed", "199 / 1000"}}, {}},
-        {"rebuild goes on", {{"sync_completed", "600 / 1000"}}, {"1/112/5#6"}},
+        {"rebuild", "sync_completed=199 / 1000", {}},
+        {"rebuild goes on", "sync_completed=600 / 1000", {"1/112/5#6"}},
         {"recovered",
-         {{"sync_action", "idle"},
-          {"sync_completed", "none"},
-          {"degraded", "0"},
-          {"dev-sdc/state", "in_sync"}},
+         "sync_action=idle;sync_completed=none;degraded=0;dev-sdc/state=in_sync",
          {"1/113/5#7", "1/105/5#8"}},
-        {"check", {{"sync_action", "check"}}, {"1/131/5#9"}},
-        {"checked", {{"sync_action", "idle"}}, {"1/132/5#10"}},
-        {"failed", {{"degraded", "2"}}, {"1/104/5#11"}},
-        {"had failed before", {{"array_state", "inactive"}}, {}},
+        {"check", "sync_action=check", {"1/131/5#9"}},
+        {"checked", "sync_action=idle", {"1/132/5#10"}},
+        {"failed", "degraded=2", {"1/104/5#11"}},
+        {"had failed before", "array_state=inactive", {}},
     };
     for (const auto& step : story) {
-        put("block/md5/md", step.files);
+        putAll("block/md5/md", step.files);
         EXPECT_EQ(poll(), step.events) << step.what;
     }
     remove("block/md5/md/dev-sdb");
@@ -293,7 +280,7 @@ TEST_F(LiveTest, ChangesBecomeEvents)
     EXPECT_THAT(poll(), ElementsAre("2/203/1#14", "2/203/3#15")) << "it keeps its number under another name";
     remove("block/md5");
     putArray("md6", "raid1", 2, "active");
-    put("block/md6/md", {{"degraded", "1"}, {"sync_action", "recover"}});
+    putAll("block/md6/md", "degraded=1;sync_action=recover");
     EXPECT_THAT(poll(), ElementsAre("1/102/5#16", "1/101/6#17", "1/103/6#18", "1/111/6#19", "0/2/0#20"));
     remove("block");
     EXPECT_EQ(poll().size(), 5U) << "all that there was";
