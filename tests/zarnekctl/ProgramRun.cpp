@@ -1,5 +1,7 @@
 #include "zarnekctl/ProgramRun.h"
 
+#include <gtest/gtest.h>
+
 #include <csignal>
 #include <fcntl.h>
 #include <sstream>
@@ -8,20 +10,28 @@
 #include <unistd.h>
 
 using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
 
-std::vector<nlohmann::json> ProgramResult::records() const
+using nlohmann::json;
+
+Words joined(Words words, const Words& more)
 {
-    std::vector<nlohmann::json> records;
-    std::istringstream in(out);
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+}
+
+std::vector<json> jsonLines(const std::string& text)
+{
+    std::vector<json> records;
+    std::istringstream in(text);
     for (std::string line; std::getline(in, line);)
-        records.push_back(nlohmann::json::parse(line));
+        records.push_back(json::parse(line));
     return records;
 }
 
-RunningProgram::RunningProgram(const std::vector<std::string>& arguments, const std::string& stateHome)
+RunningProgram::RunningProgram(const Words& arguments, Words environment)
 {
-    std::vector<std::string> words{ZARNEKCTL_PROGRAM};
-    words.insert(words.end(), arguments.begin(), arguments.end());
+    Words words = joined({ZARNEKCTL_PROGRAM}, arguments);
     std::vector<char*> argv;
     for (std::string& word : words)
         argv.push_back(word.data());
@@ -34,10 +44,8 @@ RunningProgram::RunningProgram(const std::vector<std::string>& arguments, const 
     const auto redirect = [](const std::string& file, int to) {
         return dup2(open(file.c_str(), O_CREAT | O_WRONLY | O_TRUNC, 0600), to) == to;
     };
-    setenv("XDG_STATE_HOME", stateHome.c_str(), 1);
-    setenv("LC_ALL", "C", 1);
-    setenv("LSAN_OPTIONS",
-           "suppressions=" ZARNEK_SOURCE_DIR "/tests/zarnekctl/leaks_by_design.supp:print_suppressions=0", 1);
+    for (std::string& variable : environment)
+        putenv(variable.data());
     if (redirect(out, STDOUT_FILENO) && redirect(err, STDERR_FILENO))
         execv(argv[0], argv.data());
     _exit(127);
@@ -53,12 +61,13 @@ RunningProgram::~RunningProgram()
 
 bool RunningProgram::waitForOutput(const std::string& text) const
 {
-    for (int attempt = 0; attempt < 6000; ++attempt) {
-        if (m_folder.read("out").find(text) != std::string::npos)
-            return true;
+    const auto end = Clock::now() + 30s;
+    while (m_folder.read("out").find(text) == std::string::npos) {
+        if (Clock::now() > end)
+            return false;
         std::this_thread::sleep_for(5ms);
     }
-    return false;
+    return true;
 }
 
 void RunningProgram::signal(int number) const
@@ -68,20 +77,46 @@ void RunningProgram::signal(int number) const
 
 ProgramResult RunningProgram::finish()
 {
-    const auto start = std::chrono::steady_clock::now();
+    const auto start = Clock::now();
     int status = 0;
     waitpid(m_process, &status, 0);
     m_process = -1;
-    ProgramResult result;
-    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    result.out = m_folder.read("out");
-    result.err = m_folder.read("err");
-    result.duration =
-        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
-    return result;
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_folder.read("out"), m_folder.read("err"),
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start)};
 }
 
-ProgramResult runProgram(const std::vector<std::string>& arguments, const std::string& stateHome)
+RunningProgram ProgramState::start(const Words& arguments, const Words& environment) const
 {
-    return RunningProgram(arguments, stateHome).finish();
+    const Words own{"XDG_STATE_HOME=" + folder.path("state"), "LC_ALL=C",
+                    "LSAN_OPTIONS=suppressions=" ZARNEK_SOURCE_DIR
+                    "/tests/zarnekctl/leaks_by_design.supp:print_suppressions=0"};
+    return {arguments, joined(own, environment)};
+}
+
+void ProgramState::setMapping(const std::string& content) const
+{
+    std::filesystem::create_directories(folder.path("state/zarnek"));
+    folder.write("state/zarnek/MarvelAlertMapping.ini", content);
+}
+
+std::string goldenFile(const std::string& name)
+{
+    return ZARNEK_SOURCE_DIR "/tests/zarnekctl/golden/" + name;
+}
+
+std::string goldenText(const std::string& name)
+{
+    return TempFolder::readFile(goldenFile(name));
+}
+
+void expectMembers(const std::vector<json>& objects, const std::string& golden)
+{
+    const auto expected = jsonLines(goldenText(golden));
+    ASSERT_EQ(objects.size(), expected.size());
+    for (std::size_t index = 0; index < objects.size(); ++index) {
+        const json members = expected[index].flatten();
+        for (const auto& [place, value] : members.items())
+            EXPECT_EQ(objects[index].value(json::json_pointer(place), json("absent")), value)
+                << index << place;
+    }
 }

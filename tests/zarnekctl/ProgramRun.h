@@ -11,22 +11,26 @@
 #include <sys/types.h>
 #include <vector>
 
+using Words = std::vector<std::string>;
+Words joined(Words words, const Words& more);
+// One JSON object for each line.
+std::vector<nlohmann::json> jsonLines(const std::string& text);
+
 struct ProgramResult {
     int status = -1; // exit status; -1 when a signal ended it
     std::string out;
     std::string err;
     std::chrono::milliseconds duration{};
 
-    // The output as one JSON object for each line.
-    std::vector<nlohmann::json> records() const;
+    std::vector<nlohmann::json> records() const { return jsonLines(out); }
 };
 
 // A running program. Its output goes to files in a folder that lives as long as this.
 class RunningProgram
 {
   public:
-    // `stateHome` is its XDG_STATE_HOME.
-    RunningProgram(const std::vector<std::string>& arguments, const std::string& stateHome);
+    // `environment` is NAME=VALUE; a bare NAME takes the variable away.
+    RunningProgram(const Words& arguments, Words environment);
     ~RunningProgram(); // ends it if it still runs
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
@@ -42,29 +46,25 @@ class RunningProgram
     pid_t m_process = -1;
 };
 
-ProgramResult runProgram(const std::vector<std::string>& arguments, const std::string& stateHome);
-
-// A test with a state folder of its own.
+// A user with a folder of his own.
 struct ProgramState {
     TempFolder folder;
 
-    ProgramResult run(const std::vector<std::string>& arguments) const
+    RunningProgram start(const Words& arguments, const Words& environment = {}) const;
+    ProgramResult run(const Words& arguments, const Words& environment = {}) const
     {
-        return runProgram(arguments, folder.path("state"));
+        return start(arguments, environment).finish();
     }
-    // A file of the user's configuration, there from the first run on.
-    std::string config(const std::string& name) const { return "state/zarnek/" + name; }
+    // The alert mapping file of the user's configuration, there from the first run on.
+    std::string mapping() const { return folder.read("state/zarnek/MarvelAlertMapping.ini"); }
+    void setMapping(const std::string& content) const;
 };
 
-// A shipped scenario, changed.
-template <typename Change>
-std::string changedScenario(const TempFolder& folder, const std::string& name, Change change)
-{
-    std::ifstream file(std::string(ZARNEK_SOURCE_DIR) + "/scenarios/" + name);
-    nlohmann::json scenario = nlohmann::json::parse(file);
-    change(scenario);
-    folder.write("changed.json", scenario.dump());
-    return folder.path("changed.json");
-}
+// A file beside these tests that holds what the program reads, or what it is to print; after a wanted change
+// of the output the file is written anew and read by its author.
+std::string goldenFile(const std::string& name);
+std::string goldenText(const std::string& name);
+// Each of the objects has at least the members that its line in the golden file has.
+void expectMembers(const std::vector<nlohmann::json>& objects, const std::string& golden);
 
 #endif

@@ -1,7 +1,7 @@
-// The story that the journal makes of single reports.
+// The story that the journal makes of single reports, among them such as no plug-in of today sends.
+#include "sdo.h"
 #include "zarnekctl/MonitorJournal.h"
 #include "zarnekctl/MonitorTextPrinter.h"
-#include "zarnekctl/Samples.h"
 
 #include <gmock/gmock.h>
 
@@ -14,17 +14,10 @@ using testing::ElementsAre;
 namespace
 {
 
-constexpr unsigned int diskClass = 2;
-
-// A journal whose output is text, with the time of day taken away.
-class Story
+// A journal whose output is text, with the time of day and the columns taken away.
+class Story : public testing::Test
 {
-  public:
-    explicit Story(const std::string& mapping)
-        : m_printer(m_out, Style{}), journal(&m_printer, [mapping] { return MappingFile(mapping); })
-    {
-    }
-
+  protected:
     std::vector<std::string> lines() const
     {
         std::vector<std::string> lines;
@@ -34,22 +27,41 @@ class Story
         return lines;
     }
 
-  private:
     std::ostringstream m_out;
-    MonitorTextPrinter m_printer;
-
-  public:
-    MonitorJournal journal;
+    MonitorTextPrinter m_printer{m_out, Style{}};
+    MonitorJournal m_journal{&m_printer, [] {
+                                 return MappingFile("[PhysicalDevice]\n201=2050\n202=2049\n"
+                                                    "[EventSequenceNumber]\nSequenceNumber=10\n");
+                             }};
 };
 
-const std::string mapping =
-    "[PhysicalDevice]\n201=2050\n202=2049\n[EventSequenceNumber]\nSequenceNumber=10\n";
+Property number(unsigned int id, std::uint32_t value)
+{
+    return {id, SDO_TYPE_U32, std::uint64_t{value}};
+}
+
+Object diskWith(std::uint32_t slot, const std::vector<Property>& more)
+{
+    Object disk{{number(SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK),
+                 number(SSPROP_GLOBALCONTROLLERNUM_U32, 0),
+                 number(SSPROP_SLOTNUM_U32, slot),
+                 {SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, std::vector<std::uint32_t>{SSPROP_SLOTNUM_U32}}}};
+    disk.properties.insert(disk.properties.end(), more.begin(), more.end());
+    return disk;
+}
+
+Object alertOfDisk3()
+{
+    const auto disk = std::make_shared<const Object>(diskWith(3, {}));
+    return {
+        {number(SSPROP_ALERTNUMBER_U32, 2050), {SSPROP_CONTROLNOTIFY_SDO, SDO_TYPE_SDOCONFIG, Nested{disk}}}};
+}
 
 } // namespace
 
-TEST(MonitorJournal, alertsTakeTheSequenceNumberOfTheirOwnEvent)
+TEST_F(Story, alertsTakeTheSequenceNumberOfTheirOwnEvent)
 {
-    Story story(mapping);
+    constexpr unsigned int diskClass = 2;
     const mvsim_event events[] = {
         {0, diskClass, 201, 3, 9},  // old: an earlier run told it
         {0, diskClass, 777, 3, 11}, // unmapped
@@ -59,69 +71,30 @@ TEST(MonitorJournal, alertsTakeTheSequenceNumberOfTheirOwnEvent)
         {0, diskClass, 201, 3, 15}, {0, diskClass, 201, 3, 16},
     };
     for (const mvsim_event& event : events)
-        story.journal.event(event);
-    story.journal.notification(sampleDiskAlert(2050, 3));
-    story.journal.notification(sampleDiskAlert(2050, 3));
-    story.journal.notification(sampleDiskAlert(2050, 3)); // no event left
-    story.journal.event({0, diskClass, 201, 3, 17});
-    story.journal.pollEnd();
-    story.journal.notification(sampleDiskAlert(2050, 3)); // not of this poll
-    EXPECT_THAT(story.lines(), ElementsAre("2050 disk failed disk 3 on controller 0 sequence 15",
-                                           "2050 disk failed disk 3 on controller 0 sequence 16",
-                                           "2050 disk failed disk 3 on controller 0",
-                                           "2050 disk failed disk 3 on controller 0"));
-    EXPECT_EQ(story.journal.counts().alerts, 4U);
+        m_journal.event(event);
+    for (int alert = 0; alert < 3; ++alert)
+        m_journal.notification(alertOfDisk3()); // for the third no event is left
+    m_journal.event({0, diskClass, 201, 3, 17});
+    m_journal.pollEnd();
+    m_journal.notification(alertOfDisk3()); // not of this poll
+    EXPECT_THAT(lines(), ElementsAre("2050 disk failed disk 3 on controller 0 sequence 15",
+                                     "2050 disk failed disk 3 on controller 0 sequence 16",
+                                     "2050 disk failed disk 3 on controller 0",
+                                     "2050 disk failed disk 3 on controller 0"));
 }
 
-TEST(MonitorJournal, insertionsOfOneRefreshAreOneChange)
+TEST_F(Story, propertiesAndObjectsComeAndGo)
 {
-    Story story(mapping);
-    const Object disk = sampleDisk(0, 1, 4, 2);
-    const Object failed = with(with(disk, u32(SSPROP_STATE_U32, 8)), u32(SSPROP_STATUS_U32, 4));
-    const Object bare = sampleVirtualDisk(0, 0, 1, 2);
-    const Object drive = with(bare, u32(SSPROP_MEDIA_U32, 2));
-
-    story.journal.notification(sampleDiskAlert(4711, 1));
-    story.journal.change(&disk, &failed);
-    story.journal.change(&drive, &bare); // first insertion, then the one with what the disks tell
-    story.journal.change(&bare, &drive);
-    story.journal.incomplete(sampleSingleDisk(0, 1));
-    // The next alert tells what the one before it led to; a new refresh compares with what is known now.
-    story.journal.notification(sampleDiskAlert(2049, 1));
-    story.journal.change(&failed, &failed);
-    const Object fresh = sampleDisk(0, 2, 4, 2);
-    story.journal.change(nullptr, &fresh);
-    const Object grown = with(fresh, u64(SSPROP_SIZE_U64, 4000787030017));
-    story.journal.change(&fresh, &grown); // still new
-    story.journal.change(&bare, nullptr);
-    story.journal.pollEnd();
-    story.journal.pollEnd();
-    EXPECT_THAT(
-        story.lines(),
-        ElementsAre("4711 alert 4711 disk 1 on controller 0",
-                    " disk 1 on controller 0: discovered singly, arrived without identity (3 values); the "
-                    "data engine cannot place it",
-                    " disk 1 on controller 0: state online -> failed, status ok -> critical",
-                    " 1 object discovered again without change", "2049 disk removed disk 1 on controller 0",
-                    " disk 2 on controller 0: new in the data engine",
-                    " virtual disk 0 on controller 0: gone from the data engine",
-                    " 1 object discovered again without change"));
-    const MonitorSummary counts = story.journal.counts();
-    EXPECT_EQ(counts.refreshed, 6U);
-    EXPECT_EQ(counts.changed, 3U);
-    EXPECT_EQ(counts.incomplete, 1U);
-}
-
-TEST(MonitorTextPrinter, changesTellStateFirstAndNumbersWhereWordsAreTheSame)
-{
-    std::ostringstream out;
-    MonitorTextPrinter printer(out, Style{});
-    const Object before = sampleDisk(0, 1, 4, 2);
-    Object after = with(before, u64(SSPROP_SIZE_U64, 4000787030017));
-    after = with(without(after, SSPROP_BUSPROTOCOL_U32), u32(SSPROP_STATUS_U32, 4));
-    after = with(after, u32(SSPROP_MEDIA_U32, 2));
-    printer.refresh({{}, RefreshKind::Changed, after, differences(before, after)});
-    EXPECT_EQ(out.str(),
-              "          disk 1 on controller 0: status ok -> critical, size 4000787030016 -> 4000787030017, "
-              "media nothing -> SSD, bus SAS -> nothing\n");
+    const Object before = diskWith(1, {number(SSPROP_BUSPROTOCOL_U32, 8), number(SSPROP_STATUS_U32, 2)});
+    const Object after = diskWith(1, {number(SSPROP_MEDIA_U32, 2), number(SSPROP_STATUS_U32, 4)});
+    m_journal.change(&before, &after);
+    m_journal.pollEnd();
+    m_journal.change(&after, &after); // compared with what is known by now
+    m_journal.change(&before, nullptr);
+    m_journal.pollEnd();
+    m_journal.pollEnd();
+    EXPECT_THAT(lines(),
+                ElementsAre(" disk 1 on controller 0: status ok -> critical, media nothing -> SSD, bus "
+                            "SAS -> nothing",
+                            " disk 1 on controller 0: gone from the data engine"));
 }

@@ -1,109 +1,117 @@
-// Reading what the libraries hold: properties of each type, and the data engine's tree.
+// What the libraries hold, read and shown: values of each type, and objects that have no place in the tree.
 #include "morlan.h"
-#include "ral.h"
-#include "ral/ral_inspect.h"
-#include "zarnekctl/Samples.h"
+#include "sdo.h"
+#include "zarnekctl/DotPrinter.h"
+#include "zarnekctl/JsonPrinter.h"
+#include "zarnekctl/JsonValues.h"
 #include "zarnekctl/SdoReader.h"
+#include "zarnekctl/TablePrinter.h"
+#include "zarnekctl/TreePrinter.h"
 
 #include <gmock/gmock.h>
 
+#include <sstream>
+
 using namespace zarnekctl;
+using testing::HasSubstr;
 
 namespace
 {
 
 template <typename Number>
-void add(void* object, unsigned int id, unsigned char type, Number value)
+std::string bytesOf(Number number)
 {
-    ASSERT_EQ(SMSDOConfigAddData(object, static_cast<unsigned short>(id), type, &value, sizeof value, 1), 0);
+    return {reinterpret_cast<const char*>(&number), sizeof number};
 }
 
-void addText(void* object, unsigned int id, const std::string& value)
+std::string printed(const Printer& printer, const System& system)
 {
-    char block[256] = {};
-    value.copy(block, sizeof block);
-    ASSERT_EQ(
-        SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_ASTRING, block, sizeof block, 1),
-        0);
-}
-
-void* newObject(unsigned int type, unsigned int controller, unsigned int numberId, unsigned int number)
-{
-    void* object = SMSDOConfigAlloc();
-    add(object, SSPROP_OBJTYPE_U32, SDO_TYPE_U32, type);
-    add(object, SSPROP_VILNUMBER_U32, SDO_TYPE_U32, 9U);
-    add(object, SSPROP_GLOBALCONTROLLERNUM_U32, SDO_TYPE_U32, controller);
-    add(object, numberId, SDO_TYPE_U32, number);
-    const std::uint32_t ids[] = {SSPROP_GLOBALCONTROLLERNUM_U32, numberId};
-    SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, ids, sizeof ids, 1);
-    return object;
+    std::ostringstream out;
+    printer.print(system, out);
+    return out.str();
 }
 
 } // namespace
 
-TEST(SdoReader, readsEachTypeAtItsWidth)
+TEST(SdoReader, eachTypeReachesJsonWhole)
 {
-    void* handle = SMSDOConfigAlloc();
-    add(handle, 1, SDO_TYPE_BOOLN, std::uint8_t{1});
-    add(handle, 2, SDO_TYPE_S8, std::int8_t{-2});
-    add(handle, 3, SDO_TYPE_S16, std::int16_t{-300});
-    add(handle, 4, SDO_TYPE_S32, std::int32_t{-70000});
-    add(handle, 5, SDO_TYPE_U8, std::uint8_t{255});
-    add(handle, 6, SDO_TYPE_U16, std::uint16_t{65535});
-    add(handle, 7, SDO_TYPE_U64, std::uint64_t{18446744073709551615U});
-    add(handle, 8, SDO_TYPE_BINARY_DATA, std::uint32_t{0x80000000U});
-    addText(handle, 9, "name");
-    addText(handle, 10, std::string(256, 'x'));      // no terminator
-    add(handle, 11, SDO_TYPE_U32, std::uint16_t{7}); // not the width of its type
-    void* nested = SMSDOConfigAlloc();
-    add(nested, 12, SDO_TYPE_U32, 5U);
-    ASSERT_EQ(SMSDOConfigAddData(handle, 13, SDO_TYPE_SDOCONFIG, nested, sizeof nested, 1), 0);
-
-    const Object object = readObject(handle);
-    SMSDOConfigFree(handle);
-    const Value values[] = {std::uint64_t{1},
-                            std::int64_t{-2},
-                            std::int64_t{-300},
-                            std::int64_t{-70000},
-                            std::uint64_t{255},
-                            std::uint64_t{65535},
-                            std::uint64_t{18446744073709551615U},
-                            std::uint64_t{0x80000000U},
-                            std::string("name"),
-                            std::string(256, 'x'),
-                            Bytes{std::string("\x07\0", 2)},
-                            Nested{std::make_shared<const Object>(Object{{u32(12, 5)}})}};
-    ASSERT_EQ(object.properties.size(), std::size(values));
-    for (std::size_t index = 0; index < std::size(values); ++index)
-        EXPECT_TRUE(object.properties[index].value == values[index]) << object.properties[index].id;
-    EXPECT_TRUE(readObject(nullptr).properties.empty());
+    constexpr unsigned short id = 31000;
+    const std::uint64_t exact = 1ULL << 53;
+    const std::uint64_t largest = 18446744073709551615U;
+    const struct {
+        unsigned char type;
+        std::string bytes;
+        Json expected;
+    } rows[] = {
+        {SDO_TYPE_BOOLN, "\1", {{"value", 1}}},
+        {SDO_TYPE_S8, "\xfe", {{"value", -2}}},
+        {SDO_TYPE_S16, bytesOf(std::int16_t{-300}), {{"value", -300}}},
+        {SDO_TYPE_S32, bytesOf(std::int32_t{-70000}), {{"value", -70000}}},
+        {SDO_TYPE_U8, "\xff", {{"value", 255}}},
+        {SDO_TYPE_U16, bytesOf(std::uint16_t{65535}), {{"value", 65535}}},
+        {SDO_TYPE_U32, bytesOf(std::uint32_t{7}), {{"value", 7}}},
+        {SDO_TYPE_U32, bytesOf(std::uint16_t{7}), {{"value", nullptr}, {"bytes", "0700"}}}, // another width
+        {SDO_TYPE_U64, bytesOf(exact), {{"value", exact}}},
+        {SDO_TYPE_U64, bytesOf(largest), {{"value", largest}, {"text", "18446744073709551615"}}},
+        {SDO_TYPE_BINARY_DATA, bytesOf(0x80000000U), {{"value", 0x80000000U}}},
+        {SDO_TYPE_ASTRING, std::string("name\0rest", 9), {{"value", "name"}}},
+        {SDO_TYPE_ASTRING, std::string(256, 'x'), {{"value", std::string(256, 'x')}}}, // no terminator
+        {SDO_TYPE_ASTRING, "A\xff\x01", {{"value", "A\\xff\\x01"}, {"bytes", "41ff01"}}},
+        {SDO_TYPE_NEXUS_U32, bytesOf(24600U) + bytesOf(24810U), {{"value", {24600, 24810}}}},
+        {200, "\x01\xff", {{"value", nullptr}, {"bytes", "01ff"}}}};
+    for (const auto& row : rows) {
+        void* handle = SMSDOConfigAlloc();
+        ASSERT_EQ(SMSDOConfigAddData(handle, id, row.type, row.bytes.data(),
+                                     static_cast<unsigned int>(row.bytes.size()), 1),
+                  0);
+        const Json json = propertiesJson(readObject(handle)).at("property_31000");
+        SMSDOConfigFree(handle);
+        Json expected = {{"id", id}, {"type", row.type}};
+        expected.update(row.expected);
+        EXPECT_EQ(json, expected);
+    }
 }
 
-TEST(ReadSystem, keepsParentsLinksAndIncompleteObjects)
+TEST(Printers, showWhatHasNoPlaceInTheTree)
 {
-    ral_reset();
-    const auto controller = [] { return newObject(SDO_OBJTYPE_CONTROLLER, 2, SSPROP_CONTROLLERID_U32, 0); };
-    const auto disk = [] { return newObject(SDO_OBJTYPE_PHYSICAL_DISK, 2, SSPROP_SLOTNUM_U32, 4); };
-    const auto drive = [] { return newObject(SDO_OBJTYPE_VIRTUAL_DISK, 2, SSPROP_LOGICALDRIVENUM_U32, 1); };
-    ASSERT_EQ(RalInsertObject(controller(), nullptr), 0);
-    ASSERT_EQ(RalInsertObject(disk(), controller()), 0);
-    ASSERT_EQ(RalInsertObject(SMSDOConfigAlloc(), nullptr), 0);
-    ASSERT_EQ(RalInsertObject(drive(), controller()), 0);
-    ASSERT_EQ(RalInsertObject(drive(), controller()), 0);
-    void* upper = drive();
-    void* lower = disk();
-    ASSERT_EQ(RalLinkObjects(upper, lower), 0);
-    SMSDOConfigFree(upper);
-    SMSDOConfigFree(lower);
+    const auto object = [](const std::vector<std::pair<unsigned int, std::uint64_t>>& numbers) {
+        Object made;
+        for (const auto& [id, number] : numbers)
+            made.properties.push_back({id, SDO_TYPE_U32, number});
+        return made;
+    };
+    const Object controller =
+        object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER}, {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
+    const Object odd = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                               {SSPROP_GLOBALCONTROLLERNUM_U32, 0},
+                               {SSPROP_SLOTNUM_U32, 1},
+                               {SSPROP_STATE_U32, 8},
+                               {SSPROP_STATUS_U32, 4},
+                               {SSPROP_MEDIA_U32, 77},
+                               {SSPROP_NEGOTIATEDSPEED_U32, 0xFFFFFFFF}});
+    const Object lost = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                                {SSPROP_GLOBALCONTROLLERNUM_U32, 5},
+                                {SSPROP_SLOTNUM_U32, 7}});
+    System system;
+    system.nodes = {{controller, -1, {}, 1, false},
+                    {odd, 0, {}, 1, false},
+                    {lost, -1, {}, 1, false},
+                    {object({{SSPROP_SLOTNUM_U32, 2}}), -1, {}, 1, true}};
 
-    const System system = readSystem();
-    ral_reset();
-    ASSERT_EQ(system.nodes.size(), 4U);
-    EXPECT_EQ(system.below(-1, ObjectKind::Controller), std::vector<std::size_t>{0});
-    EXPECT_EQ(system.below(0, ObjectKind::PhysicalDisk), std::vector<std::size_t>{1});
-    EXPECT_EQ(system.below(0, ObjectKind::VirtualDisk), std::vector<std::size_t>{2});
-    EXPECT_EQ(system.nodes[2].links, std::vector<std::size_t>{1});
-    EXPECT_EQ(system.nodes[2].insertions, 2U);
-    EXPECT_TRUE(system.nodes[3].incomplete);
-    EXPECT_EQ(system.count(ObjectKind::Other), 0U);
+    const std::string tree = printed(TreePrinter(Style{}), system);
+    EXPECT_THAT(tree,
+                HasSubstr("`- 1 disk\n   `- disk 1  failed  critical  -  code 77  -  not known  -  -\n"));
+    EXPECT_THAT(tree, HasSubstr("outside the tree\n   disk 7 on controller 5\n"
+                                "   disk 2 on controller ?: no identity, 1 property value\n"));
+    EXPECT_THAT(printed(TablePrinter(Style{}), system), testing::ContainsRegex("\ndisk 7 .*\n[?] disk 2\n$"));
+    EXPECT_THAT(printed(DotPrinter(), system), HasSubstr("=gray90, label=\"disk 2\"];\n  n0 -> n1;\n}"));
+    const Json json = Json::parse(printed(JsonPrinter(), system));
+    EXPECT_EQ(json.at("objects").at(3).at("identity"), nullptr);
+
+    // Colours change no column.
+    std::string coloured = printed(TreePrinter(Style{false, true}), system);
+    EXPECT_THAT(coloured, HasSubstr("\033[1;31mfailed"));
+    for (std::size_t at = coloured.find('\033'); at != std::string::npos; at = coloured.find('\033'))
+        coloured.erase(at, coloured.find('m', at) - at + 1);
+    EXPECT_EQ(coloured, tree);
 }

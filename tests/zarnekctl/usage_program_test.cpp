@@ -1,30 +1,31 @@
-// The program's promises about its command line and its exit status.
+// The program's promises about its command line, its configuration and its exit status.
 #include "zarnekctl/ProgramRun.h"
 
 #include <gmock/gmock.h>
+
+#include <regex>
 
 using testing::HasSubstr;
 
 TEST(Usage, exitStatusTwoForWhatIsNoCommandLine)
 {
-    const std::vector<std::string> rows[] = {{},
-                                             {"frobnicate"},
-                                             {"discover", "--frobnicate"},
-                                             {"discover", "--format", "text"},
-                                             {"monitor", "--format", "tree"},
-                                             {"discover", "--scenario"},
-                                             {"discover", "--scenario", "a", "--live"},
-                                             {"discover", "--sysfs", "/sys"},
-                                             {"discover", "--trace", "--format", "json"},
-                                             {"discover", "--polls", "3"},
-                                             {"monitor", "--polls", "0"},
-                                             {"monitor", "--polls", "-1"},
-                                             {"monitor", "--interval", "-1"},
-                                             {"monitor", "--interval", "soon"},
-                                             {"discover", "--global-number", "4294967296"},
-                                             {"check", "--live"}};
+    const Words rows[] = {{},
+                          {"frobnicate"},
+                          {"discover", "--format", "text"},
+                          {"monitor", "--format", "tree"},
+                          {"discover", "--scenario"},
+                          {"discover", "--scenario", "a", "--live"},
+                          {"discover", "--sysfs", "/sys"},
+                          {"discover", "--trace", "--format", "json"},
+                          {"discover", "--polls", "3"},
+                          {"monitor", "--polls", "0"},
+                          {"monitor", "--polls", "-1"},
+                          {"monitor", "--interval", "-1"},
+                          {"monitor", "--interval", "soon"},
+                          {"discover", "--global-number", "4294967296"},
+                          {"check", "--live"}};
     const ProgramState state;
-    for (const auto& arguments : rows) {
+    for (const Words& arguments : rows) {
         const ProgramResult result = state.run(arguments);
         EXPECT_EQ(result.status, 2) << testing::PrintToString(arguments);
         EXPECT_EQ(result.out, "");
@@ -35,14 +36,11 @@ TEST(Usage, exitStatusTwoForWhatIsNoCommandLine)
 TEST(Usage, helpAndVersionGoToStandardOutput)
 {
     const ProgramState state;
-    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--help"},
-                                                      {"discover", "--help"},
-                                                      {"monitor", "--help"},
-                                                      {"check", "--help"}}) {
-        const ProgramResult result = state.run(arguments);
+    for (const Words& command : {Words{}, Words{"discover"}, Words{"monitor"}, Words{"check"}}) {
+        const ProgramResult result = state.run(joined(command, {"--help"}));
         EXPECT_EQ(result.status, 0);
-        EXPECT_THAT(result.out, HasSubstr("Exit status: 0 done"));
         EXPECT_EQ(result.err, "");
+        EXPECT_THAT(result.out, HasSubstr("Exit status: 0 done"));
     }
     EXPECT_THAT(state.run({"--version"}).out, testing::MatchesRegex("zarnekctl [0-9.]+\n"));
 }
@@ -50,28 +48,65 @@ TEST(Usage, helpAndVersionGoToStandardOutput)
 TEST(Check, tellsFindingsAndWhetherMonitoringCouldWork)
 {
     const ProgramState state;
-    const ProgramResult clean = state.run({"check"});
-    EXPECT_EQ(clean.status, 0);
-    EXPECT_THAT(clean.out, HasSubstr("nothing wrong"));
+    EXPECT_EQ(state.run({"check"}).status, 0);
 
-    const std::string mapping = state.folder.read(state.config("MarvelAlertMapping.ini"));
-    state.folder.write(state.config("MarvelAlertMapping.ini"), "[Other]\n" + mapping);
-    const ProgramResult warned = state.run({"check"});
-    EXPECT_EQ(warned.status, 0);
-    EXPECT_THAT(warned.out, HasSubstr("MarvelAlertMapping.ini:1: warning: nothing reads a section"));
+    const std::string mapping = state.mapping();
+    state.setMapping("[Other]\n" + mapping);
+    EXPECT_EQ(state.run({"check"}).status, 0);
 
-    state.folder.write(state.config("MarvelAlertMapping.ini"), mapping + "\n\t\n");
-    for (const char* command : {"check", "monitor"}) {
-        const ProgramResult refused = state.run({command});
-        EXPECT_EQ(refused.status, 3);
-        EXPECT_THAT(refused.out + refused.err,
-                    testing::ContainsRegex("MarvelAlertMapping.ini:[0-9]+: error: a line of"));
-    }
-    // The line stands behind all that discovery reads.
+    // The line stands behind all that discovery reads; warnings are no reason to refuse.
+    state.setMapping("[Other]\n" + mapping + "\n\t\n");
+    EXPECT_EQ(state.run({"check"}).status, 3);
+    const ProgramResult refused = state.run({"monitor"});
+    EXPECT_EQ(refused.status, 3);
+    EXPECT_THAT(refused.err,
+                testing::ContainsRegex("^zarnekctl: the configuration has 1 error .*\n"
+                                       "  .*MarvelAlertMapping.ini:[0-9]+: error: a line of .*\n$"));
     EXPECT_EQ(state.run({"discover", "--scenario", "small-server"}).status, 0);
+    state.setMapping("\n \n" + mapping);
+    EXPECT_EQ(state.run({"discover", "--scenario", "small-server"}).status, 3);
 
     // A folder that is named is looked at as it is.
     const ProgramResult empty = state.run({"check", "--config", state.folder.path("nowhere")});
     EXPECT_EQ(empty.status, 3);
     EXPECT_THAT(empty.out, HasSubstr("nowhere/private.ini:1: error: the file cannot be read"));
+}
+
+TEST(Check, tellsEachSurpriseWithItsRemedy)
+{
+    const ProgramState state;
+    std::filesystem::create_directories(state.folder.path("config"));
+    state.folder.write("config/private.ini", goldenText("surprises-private.ini"));
+    state.folder.write("config/MarvelAlertMapping.ini",
+                       goldenText("surprises-mapping.ini") + "\xef\xbb\xbf[A\x1b]\n9=2048\r\n\r\n \t\n");
+    const ProgramResult result = state.run({"check", "--config", state.folder.path("config")});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(std::regex_replace(result.out, std::regex(state.folder.path("config/")), ""),
+              goldenText("surprises.check"));
+}
+
+TEST(Check, theConfigurationIsTheUsersUnlessNamed)
+{
+    const ProgramState state;
+    const std::string folder = state.folder.path();
+    const std::string home = "HOME=" + folder;
+    const struct {
+        Words environment;
+        Words arguments;
+        std::string place; // empty: nowhere
+    } rows[] = {{{home}, {"check"}, "/state/zarnek"},
+                {{home, "XDG_STATE_HOME"}, {"check"}, "/.local/state/zarnek"},
+                {{home, "XDG_STATE_HOME="}, {"check"}, "/.local/state/zarnek"},
+                {{home, "XDG_STATE_HOME=relative"}, {"check"}, "/.local/state/zarnek"},
+                {{"HOME"}, {"check", "--config", folder + "/state/zarnek/"}, "/state/zarnek"},
+                {{"HOME", "XDG_STATE_HOME"}, {"check"}, ""},
+                {{"HOME=", "XDG_STATE_HOME"}, {"check"}, ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.environment));
+        const ProgramResult result = state.run(row.arguments, row.environment);
+        EXPECT_EQ(result.status, row.place.empty() ? 3 : 0);
+        EXPECT_THAT(result.out + result.err,
+                    HasSubstr(row.place.empty() ? "name a folder with --config"
+                                                : folder + row.place + ": nothing wrong"));
+    }
 }
