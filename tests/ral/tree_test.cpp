@@ -172,19 +172,6 @@ TEST_F(Tree, AListIsACopyUntilItIsGivenBack)
     morlan_sdo_free(controller);
 }
 
-TEST_F(Tree, ASnapshotOutlivesWhatItShows)
-{
-    ral_snapshot* const snapshot = ral_snapshot_create();
-    ral_reset();
-    EXPECT_TRUE(content().empty());
-    ASSERT_EQ(ral_snapshot_count(snapshot), 6U);
-    EXPECT_EQ(nameOf(ral_snapshot_object(snapshot, 2)), "pd0.7");
-    EXPECT_EQ(ral_snapshot_object(snapshot, 6), nullptr);
-    EXPECT_EQ(ral_snapshot_parent(snapshot, 6), -1);
-    EXPECT_EQ(ral_snapshot_link(snapshot, 5, 2), -1);
-    ral_snapshot_destroy(snapshot);
-}
-
 TEST_F(Tree, SeveralThreadsMayInsertListAndDelete)
 {
     constexpr int kThreads = 4;
