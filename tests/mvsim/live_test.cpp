@@ -72,6 +72,20 @@ std::string text(const char* start, std::size_t width)
     return {start, strnlen(start, width)};
 }
 
+// What the two lists say of a disk.
+std::string describe(const Bytes& infoEntry, const Bytes& configEntry)
+{
+    _HD_Info info{};
+    std::memcpy(&info, infoEntry.data(), sizeof info);
+    std::ostringstream line;
+    line << +configEntry[6] << ' ' << text(info.ModelText, sizeof info.ModelText) << '|'
+         << text(info.SerialText, sizeof info.SerialText) << '|'
+         << text(info.RevisionText, sizeof info.RevisionText) << " link " << +info.LinkFlags << " features "
+         << info.FeatureFlags << " KB " << info.SizeKB << " block " << info.BlockSize << " media "
+         << +info.MediaFlags << " speed " << +configEntry[3];
+    return line.str();
+}
+
 TEST_F(LiveTest, DiskFromEveryPlace)
 {
     // As the kernel shows it, the folders lie under devices, and links lead there.
@@ -80,8 +94,8 @@ TEST_F(LiveTest, DiskFromEveryPlace)
     putAll(ata + "/link3/ata_link/link3", "sata_spd=3.0 Gbps;hw_sata_spd_limit=6.0 Gbps");
     putAll(sata, "vendor=ATA     ;model=KORVAL H4T72    ;rev=KC43;wwid=naa.5A01");
     put(sata + "/vpd_pg80", std::string("\0\x80\0\x10", 4) + "        5A01");
-    putAll(sata + "/block/sda", "size=7814037168;queue/logical_block_size=512;queue/rotational=1;queue/"
-                                "write_cache=write back;sda1/partition=1;sda1/size=2097152");
+    putAll(sata + "/block/sda", "size=7814037168;sda1/size=2097152;queue/logical_block_size=512;"
+                                "queue/rotational=1;queue/write_cache=write back;sda1/partition=1");
     link(sata + "/block/sda/device", "../../../0:0:0:0");
     link("block/sda", "../" + sata + "/block/sda");
 
@@ -105,42 +119,19 @@ TEST_F(LiveTest, DiskFromEveryPlace)
     putAll("block/sdd", "device/model=CARD READER;removable=1;size=0");
     loadLive();
 
-    const struct {
-        const char* model;
-        const char* serial;
-        const char* revision;
-        unsigned int link;
-        std::uint32_t features;
-        std::uint64_t sizeKB;
-        unsigned int blockSize;
-        unsigned int media;
-        unsigned int speed;
-    } cases[] = {
-        {"KORVAL H4T72", "5A01", "KC43", 1, 0x9c, 3907018584, 512, 0, 2},
-        {"ORBEN TK1200R10", "", "", 4, 0, 0, 512, 0, 0},
-        {"vda", "disk-of-a-guest", "", 0, 0, 0, 512, 0, 0},
-        {"vdb", "disk-of-a-guest", "", 0, 0, 0, 512, 0, 0},
-        {"TESSEN NVX", "NVX-0001", "2.0.1", 0, 0, 937692504, 4096, 1, 0},
-    };
     const Answer infos = list(&MV_PD_GetHDInfo_Ext);
     const Answer configs = list(&MV_PD_GetConfig);
-    ASSERT_EQ(infos.returned, std::size(cases));
-    for (unsigned int i = 0; i < infos.returned; ++i) {
-        const auto& row = cases[i];
-        SCOPED_TRACE(row.model);
-        _HD_Info info{};
-        std::memcpy(&info, infos.entry(248, i).data(), sizeof info);
-        EXPECT_EQ(text(info.ModelText, sizeof info.ModelText), row.model);
-        EXPECT_EQ(text(info.SerialText, sizeof info.SerialText), row.serial);
-        EXPECT_EQ(text(info.RevisionText, sizeof info.RevisionText), row.revision);
-        EXPECT_EQ(+info.LinkFlags, row.link);
-        EXPECT_EQ(std::uint32_t{info.FeatureFlags}, row.features);
-        EXPECT_EQ(std::uint64_t{info.SizeKB}, row.sizeKB);
-        EXPECT_EQ(std::uint32_t{info.BlockSize}, row.blockSize);
-        EXPECT_EQ(+info.MediaFlags, row.media);
-        EXPECT_EQ(configs.entries[i * 8 + 3], row.speed);
-        EXPECT_EQ(configs.word(i * 8 + 6), i);
+    std::vector<std::string> disks;
+    for (std::size_t i = 0; i < infos.returned; ++i) {
+        disks.push_back(describe(infos.entry(248, i), configs.entry(8, i)));
     }
+    EXPECT_THAT(
+        disks,
+        ElementsAre("0 KORVAL H4T72|5A01|KC43 link 1 features 156 KB 3907018584 block 512 media 0 speed 2",
+                    "1 ORBEN TK1200R10|| link 4 features 0 KB 0 block 512 media 0 speed 0",
+                    "2 vda|disk-of-a-guest| link 0 features 0 KB 0 block 512 media 0 speed 0",
+                    "3 vdb|disk-of-a-guest| link 0 features 0 KB 0 block 512 media 0 speed 0",
+                    "4 TESSEN NVX|NVX-0001|2.0.1 link 0 features 0 KB 937692504 block 4096 media 1 speed 0"));
     const Bytes sasEntry = infos.entry(248, 1);
     EXPECT_EQ(Bytes(sasEntry.begin() + 0x30, sasEntry.begin() + 0x38),
               (Bytes{0x50, 1, 0xff, 0, 0xa1, 0xb2, 0xc3, 0xd4}));
