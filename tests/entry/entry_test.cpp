@@ -1,11 +1,18 @@
+#include "common/LeaksByDesign.h"
 #include "common/PluginTest.h"
 #include "discovery/CMarvelSubSystemMgr.h"
 #include "discovery/CSubSystemFactory.h"
 #include "entry/CCommandHandler.h"
 #include "entry/CCommandHandler_Helper.h"
 #include "entry/libpld_sm_zarnek_entry.h"
+#include "events/CMarvelEventManager.h"
+#include "events/CMarvelEvtObserver.h"
+#include "events/CMarvelEvtSubject.h"
+#include "morlan/morlan_inspect.h"
+#include "mvlayer/CMVLibraryInterfaceLayer.h"
 #include "ral/ral_inspect.h"
 #include "vendor/CLibraryManager.h"
+#include "vendor/CMarvellVendorLibrary.h"
 
 #include <sdo.h>
 
@@ -18,12 +25,13 @@
 
 using namespace testing;
 
-// The next allocation of this size fails on this thread.
+// The nth allocation of this size from now fails on this thread.
 thread_local std::size_t doomedSize = 0;
+thread_local unsigned int doomedAllocation = 0;
 
 void* operator new(std::size_t size, const std::nothrow_t& /*form*/) noexcept
 {
-    const bool doomed = doomedSize != 0 && size == doomedSize;
+    const bool doomed = doomedSize != 0 && size == doomedSize && --doomedAllocation == 0;
     doomedSize = doomed ? 0 : doomedSize;
     return doomed ? nullptr : std::malloc(size);
 }
@@ -133,9 +141,11 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
         clear();
         m_first = 0;
         Numbers told;
+        morlan_hold_threads(1); // until they are stopped: two threads must not log at once
         for (const unsigned int command : commands) {
             m_first += command == 22 ? 10 : 0;
             EXPECT_EQ(send(command), 0U);
+            EXPECT_TRUE(command != 23 || morlan_live_mutexes() == 0);
             if (command == 22)
                 told.push_back(m_total);
         }
@@ -154,6 +164,7 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
     // The total is a running sum and outlives the handler.
     expect({20, 22, 22}, {2, 4}, {10, 11, 20, 21}, 1, 0, 0);
     expect({20, 22, 25, 23, 20, 22}, {2, 4}, {10, 11, 20, 21}, 1, 1, 0);
+    EXPECT_THAT(CCommandHandler::accessMap(), ElementsAre(Key(10), Key(11), Key(20), Key(21)));
     // Each initialise lists the manager once per library, and the libraries add up until 23.
     expect({20, 20, 22, 25, 25}, {6}, {10, 11, 12, 13, 14, 15}, 0, 1, 0);
     expect({20, 22, 25, 20, 22}, {2, 6}, {10, 11, 20, 21, 22, 23}, 2, 1, 0);
@@ -166,6 +177,7 @@ TEST_F(EntryTest, FailedInitialiseKeepsTheSlotAndTheManagers)
     const auto expect = [this](std::size_t allocation, const std::string& said) {
         clear();
         doomedSize = allocation;
+        doomedAllocation = 1;
         EXPECT_EQ(send(20), 1U);
         EXPECT_EQ(m_slot, &m_mark);
         EXPECT_EQ(ownLog(),
@@ -178,8 +190,52 @@ TEST_F(EntryTest, FailedInitialiseKeepsTheSlotAndTheManagers)
     CLibraryManager::destroyMe();
     expect(sizeof(CLibraryManager),
            "Failed to create instance of Library Manager. SubSystemManager has NOT been instantiated.");
+    EXPECT_THAT(messages(),
+                Contains("ZARNEK:CLibraryManager::getUniqueInstance(): Failed to allocate Memory. "
+                         "std::bad_alloc"));
     expect(sizeof(CSubSystemFactory), "Failed to allocate memory for CSubSystemFactory. std::bad_alloc");
     EXPECT_EQ(send(20), 0U);
+}
+
+TEST_F(EntryTest, WhatFindsNoMemoryIsToldAndDoneWithout)
+{
+    const LeaksByDesign subjectWithoutObserver;
+    const std::string memory = "Failed to allocate Memory. std::bad_alloc";
+    const std::string instantiate = "ZARNEK:IEventManager::instantiate(): Failed to create Event ";
+    loadAdapter("");
+    for (const auto& [size, said] : std::vector<std::pair<std::size_t, Lines>>{
+             {sizeof(CCommandHandler), {"ZARNEK:CCommandHandler::getUniqueInstance(): " + memory}},
+             {sizeof(CMarvellVendorLibrary),
+              {"ZARNEK:CLibraryLoader:createLibModelObj(): Failed to get p_VendorLibrary instance."}},
+             {sizeof(CMVLibraryInterfaceLayer), {"ZARNEK:CMarvelSubSystemMgr(): Failed to create LIL obj "}},
+             {sizeof(CMarvelEventManager), {"ZARNEK:CCommandHandler::getUniqueInstance(): " + memory}},
+             {sizeof(CMarvelEvtSubject),
+              {"ZARNEK:CMarvelEventManager::createEventSubject(): Failed to instantiate Event Subject.",
+               instantiate + "Subject. Not proceeding further to create Event Observer and Thread."}},
+             {sizeof(CMarvelEvtObserver),
+              {instantiate + "Observer. Not proceeding further to create Event Thread."}}}) {
+        SCOPED_TRACE(said.back());
+        bool told = false;
+        // Others allocate as much; each of them fails in its turn, and no process ends by it.
+        bool reached = true;
+        for (unsigned int nth = 1; reached && !told; ++nth) {
+            CMarvelSubSystemMgr::destroyMe();
+            CCommandHandler::destroyMe();
+            clear();
+            doomedSize = size;
+            doomedAllocation = nth;
+            try {
+                CCommandHandler::getUniqueInstance();
+                for (const unsigned int command : {20, 22, 25, 23})
+                    send(command);
+            } catch (const std::bad_alloc&) {
+            }
+            reached = doomedSize == 0;
+            doomedSize = 0;
+            told = Value(messages(), IsSupersetOf(said));
+        }
+        EXPECT_TRUE(told);
+    }
 }
 
 // Notes its calls, all of which fail.

@@ -1,7 +1,9 @@
 // The event sequence number over restarts.
 #include "common/PluginTest.h"
+#include "discovery/CMarvelSubSystemMgr.h"
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
+#include "events/IEvtSubject.h"
 #include "morlan/morlan_inspect.h"
 
 using EventSequenceTest = PluginTest;
@@ -38,4 +40,31 @@ TEST_F(EventSequenceTest, WritesANumberThatGrewAndNoOther)
         EXPECT_EQ(readMapping(), c.after);
         EXPECT_EQ(messages().back() == told + std::to_string(c.current), c.told);
     }
+}
+
+TEST_F(EventSequenceTest, ReadsAnewAtEachInstantiateForSubjectsOverTheControllersOfTheMoment)
+{
+    loadAdapter("");
+    CMarvelSubSystemMgr* const subsystem = CMarvelSubSystemMgr::getUniqueInstance();
+    CMarvelEventManager& manager = *CMarvelEventManager::getUniqueInstance();
+    for (const unsigned int number : {20U, 30U}) {
+        writeMapping("[EventSequenceNumber]\nSequenceNumber=" + std::to_string(number) + "\n");
+        manager.insertIntoCntrlList({number, number + 1});
+        ASSERT_EQ(manager.instantiate(), 0);
+        EXPECT_EQ(CMarvelEventManager::m_PrevEventSeqNum, number);
+        auto* const subject = static_cast<IEvtSubject*>(manager.getThreadVector().back().getFuncArg());
+        EXPECT_THAT(messages(),
+                    testing::Contains("ZARNEK:CMarvelEventManager::createEventSubject(): Event Subject "
+                                      "has been instantiated successfully. Event Subject ID: " +
+                                      std::to_string(subject->getSubjectID())));
+        EXPECT_EQ(manager.accessMap().at(subject->getSubjectID()), CMarvelEvtObserver::getUniqueInstance());
+        EXPECT_EQ(subject->getLilLayerPtr(), subsystem->getLilPtr());
+    }
+    std::string listed;
+    for (Thread& thread : manager.getThreadVector()) {
+        for (const stg::SCntrlID_t& id : static_cast<IEvtSubject*>(thread.getFuncArg())->getCntrlIdList())
+            listed += std::to_string(id.m_GlobalCntrlNum) + '/' + std::to_string(id.m_CntrlID) + ' ';
+        listed += '|';
+    }
+    EXPECT_EQ(listed, "20/21 |20/21 30/31 |");
 }

@@ -44,48 +44,76 @@ struct Peer : CMVLibraryInterfaceLayer, CMarvelEvtObserver {
     }
 };
 
+using Controllers = std::list<stg::SCntrlID_t>;
+
 struct Subject : CMarvelEvtSubject {
-    explicit Subject(Peer& peer) : CMarvelEvtSubject({{2, 0}, {1, 5}, {0, 0}, {3, 0}, {0, 65535}})
+    explicit Subject(Peer& peer, Controllers list = {{2, 0}, {1, 5}, {0, 0}, {3, 0}, {0, 65535}})
+        : CMarvelEvtSubject(std::move(list))
     {
         m_pLilLayer = &peer;
         registerMe(&peer, nullptr);
     }
     using CMarvelEvtSubject::m_AlertVector;
+    using CMarvelEvtSubject::m_pLilLayer;
 };
 
 struct EventSubjectTest : PluginTest {
+    // What a subject's process does until the stop is requested in the nth sleep; 0 is ahead of the start.
+    static std::string processed(Subject&& subject, int request)
+    {
+        calls.clear();
+        sleepsLeft = request;
+        IEvtSubject::m_bNeedToStopMonitoring = request == 0;
+        EXPECT_EQ(subject.process(), 0);
+        sleepsLeft = -1;
+        return calls;
+    }
+
     Peer m_peer;
 };
 
 TEST_F(EventSubjectTest, PollsAllAndSleepsUntilTheRequest)
 {
-    for (const int request : {0, 1, 2}) { // in which sleep; 0 is ahead of the start
-        calls.clear();
-        sleepsLeft = request;
-        IEvtSubject::m_bNeedToStopMonitoring = request == 0;
-        EXPECT_EQ(Subject(m_peer).process(), 0);
-        const std::string pass = "notify 2 release 2 release 1 release 0 notify 3 release 3 release 0 " +
-                                 std::string(request == 0 ? "" : "sleep 50 ");
-        EXPECT_EQ(calls, request == 2 ? pass + pass : pass);
-    }
-    sleepsLeft = -1;
+    const std::string pass = "notify 2 release 2 release 1 release 0 notify 3 release 3 release 0 ";
+    EXPECT_EQ(processed(Subject(m_peer), 0), pass);
+    EXPECT_EQ(processed(Subject(m_peer), 1), pass + "sleep 50 ");
+    EXPECT_EQ(processed(Subject(m_peer), 2), pass + "sleep 50 " + pass + "sleep 50 ");
     EXPECT_EQ(messages().back(), "ZARNEK:CMarvelEvtSubject: getEventInfo():return code=-1alert size = 0");
+    // Without controllers, or without a query layer, it only sleeps.
+    clear();
+    Subject bare(m_peer);
+    bare.m_pLilLayer = nullptr;
+    EXPECT_EQ(processed(Subject(m_peer, {}), 2) + processed(std::move(bare), 1),
+              "sleep 50 sleep 50 sleep 50 ");
+    EXPECT_EQ(messages(), Lines{});
 }
 
 TEST_F(EventSubjectTest, CopiesHaveNoNumberListOrBatchOfTheirOwn)
 {
     calls.clear();
     {
-        Subject original(m_peer);
+        Subject original(m_peer), assigned(m_peer, {});
         original.m_AlertVector = {new CMarvelAlert, new CMarvelAlert};
+        clear();
         Subject copy(original);
-        EXPECT_EQ(copy.getSubjectID(), original.getSubjectID());
-        EXPECT_EQ(Subject(m_peer).getSubjectID(), original.getSubjectID() + 1);
-        EXPECT_TRUE(copy.getCntrlIdList().empty());
-        copy.notifyObserver();
+        const std::string label = "ZARNEK:CMarvelEvtSubject::CMarvelEvtSubject() copy constructor";
+        EXPECT_EQ(log(), (Lines{label + " ENTRY ", label + " EXIT "}));
+        assigned = original;
+        for (Subject* const same : {&copy, &assigned}) {
+            EXPECT_EQ(same->getSubjectID(), original.getSubjectID());
+            EXPECT_EQ(same->getLilLayerPtr(), &m_peer);
+            EXPECT_TRUE(same->getCntrlIdList().empty());
+            same->notifyObserver();
+        }
+        EXPECT_EQ(CMarvelEvtSubject().getSubjectID(), 0xFFFFFFFFU);
+        EXPECT_EQ(Subject(m_peer).getSubjectID(), original.getSubjectID() + 2);
         original.IEvtSubject::notifyObserver(); // nothing without a member pointer
+        original.registerMe(&m_peer, &IEvtObserver::updateMyself);
+        original.IEvtSubject::notifyObserver();
+        copy.m_pLilLayer = nullptr;
+        copy.m_AlertVector = original.m_AlertVector; // nobody to give them back to
     }
-    EXPECT_EQ(calls, "notify 0 release 2 ");
+    EXPECT_EQ(calls, "notify 0 notify 0 notify 2 release 2 ");
 }
 
 } // namespace

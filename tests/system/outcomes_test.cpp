@@ -234,7 +234,6 @@ TEST_F(OutcomeTest, OtherOrdersOfCommandsHurtNobody)
     EXPECT_EQ(m_engine.discover(0), 3U) << "the running sum";
     EXPECT_EQ(m_engine.send(20), 0U);
     EXPECT_EQ(m_engine.discover(7), 6U) << "three libraries by now";
-    EXPECT_EQ(m_engine.monitor(), 0U);
     // Terminated without a stop: the layer that is left has no library any more.
     EXPECT_EQ(m_engine.send(25), 0U);
     EXPECT_EQ(m_engine.send(20), 0U);
@@ -242,6 +241,36 @@ TEST_F(OutcomeTest, OtherOrdersOfCommandsHurtNobody)
     EXPECT_EQ(m_engine.send(20), 0U);
     EXPECT_EQ(m_engine.discover(0), 6U) << "the old manager's library is gone";
     EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U);
+}
+
+TEST_F(OutcomeTest, AnotherLibraryIsNotTakenForTheOneThatIsGone)
+{
+    m_engine.loadScenario(SMALL);
+    m_engine.loadPlugin();
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U) << "without a stop: the manager lives on";
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.discover(0), 0U);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.discover(0), 2U) << "two libraries by now";
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(23), 0U);
+}
+
+TEST_F(OutcomeTest, MonitoringStartedTwiceLeavesAThreadThatNoStopReaches)
+{
+    m_engine.loadScenario(SMALL);
+    m_engine.loadPlugin();
+    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.discover(0), 1U);
+    EXPECT_EQ(m_engine.monitor() + m_engine.monitor(), 0U);
+    EXPECT_EQ(morlan_running_threads(), 2U);
+    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(morlan_running_threads(), 1U) << "it sleeps on";
+    wakeSleepers();
+    EXPECT_EQ(morlan_wait_threads(5000), 0) << "and leaves by the flag, touching nothing";
     EXPECT_EQ(m_engine.send(23), 0U);
 }
 
