@@ -116,7 +116,16 @@ TEST_F(Calls, AMutexLetsOneThreadIn)
         EXPECT_NE(SMMutexUnLock(mutex), 0) << "not the owner";
     }).join();
     EXPECT_NE(SMMutexDestroy(mutex), 0) << "still held";
+    std::atomic<bool> entered{false};
+    std::thread waiter([&] {
+        EXPECT_EQ(SMMutexLock(mutex, -1), 0);
+        entered = true;
+        EXPECT_EQ(SMMutexUnLock(mutex), 0);
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_FALSE(entered);
     EXPECT_EQ(SMMutexUnLock(mutex), 0);
+    waiter.join();
     EXPECT_NE(SMMutexUnLock(mutex), 0) << "not held";
     EXPECT_EQ(SMMutexDestroy(mutex), 0);
     EXPECT_EQ(morlan_live_mutexes(), 0U);

@@ -33,6 +33,12 @@ struct Sleeper {
         self->ended = true;
     }
 
+    void* start()
+    {
+        void* const thread = SMThreadStart(run, this);
+        waitUntilBegun();
+        return thread;
+    }
     void waitUntilBegun() const
     {
         while (!begun)
@@ -64,8 +70,7 @@ class Threads : public testing::Test
 TEST_F(Threads, AStopWakesASleepingThread)
 {
     Sleeper sleeper;
-    void* const thread = SMThreadStart(Sleeper::run, &sleeper);
-    sleeper.waitUntilBegun();
+    void* const thread = sleeper.start();
     EXPECT_EQ(morlan_wait_threads(50), 1);
     EXPECT_FALSE(sleeper.ended);
     EXPECT_EQ(morlan_running_threads(), 1U);
@@ -113,20 +118,6 @@ TEST_F(Threads, ImpossibleStopsAreRefused)
     EXPECT_NE(SMThreadStop(nullptr), 0);
     EXPECT_NE(SMThreadStop(&unrelated), 0);
     EXPECT_EQ(SMThreadStart(nullptr, nullptr), nullptr);
-
-    struct Self {
-        void* thread = nullptr;
-        int status = 0;
-    } self;
-    morlan_hold_threads(1);
-    self.thread = SMThreadStart(
-        [](void* argument) {
-            auto* const own = static_cast<Self*>(argument);
-            own->status = SMThreadStop(own->thread);
-        },
-        &self);
-    EXPECT_EQ(SMThreadStop(self.thread), 0);
-    EXPECT_NE(self.status, 0);
 }
 
 TEST_F(Threads, AnExceptionThatLeavesAThreadEndsTheProcess)
@@ -149,27 +140,24 @@ void takeForHost(int number)
 
 TEST_F(Threads, TheHostsSignalsAreLeftAlone)
 {
-    // The signals that a library could choose first are the host's.
+    // The signals that a library could choose first are the host's, and a host that has all signals blocked
+    // hands this on to the threads that it starts.
     takeForHost(SIGRTMAX);
     takeForHost(SIGUSR1);
-    // A host that has all signals blocked hands this on to the threads that it starts.
     sigset_t all;
     sigset_t former;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &former);
-    Sleeper first;
-    void* const firstThread = SMThreadStart(Sleeper::run, &first);
-    first.waitUntilBegun();
-    first.stop(firstThread);
+    Sleeper blocked;
+    blocked.stop(blocked.start());
     pthread_sigmask(SIG_SETMASK, &former, nullptr);
 
     // If the host finds a use for the signal taken, the library turns to one that is still free.
-    Sleeper second;
-    void* const secondThread = SMThreadStart(Sleeper::run, &second);
-    second.waitUntilBegun();
+    Sleeper sleeper;
+    void* const thread = sleeper.start();
     for (int number = SIGRTMIN + 1; number <= SIGRTMAX; ++number)
         takeForHost(number);
-    second.stop(secondThread);
+    sleeper.stop(thread);
     EXPECT_EQ(g_hostSignals, 0);
     for (int number = SIGRTMIN; number <= SIGRTMAX; ++number)
         std::signal(number, SIG_DFL);
