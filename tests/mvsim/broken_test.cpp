@@ -29,17 +29,4 @@ TEST_F(BrokenTest, EachFileHasItsMessage)
     EXPECT_EQ(MV_Adapter_GetCount(), 0U);
 }
 
-// A text cut anywhere is an error with a place, never a crash and never a success.
-TEST_F(BrokenTest, CutFilesNeverLoad)
-{
-    std::ifstream file(std::string(PROJECT_FOLDER) + "/scenarios/disk-failure.json");
-    const std::string whole{std::istreambuf_iterator<char>(file), {}};
-    ASSERT_GT(whole.size(), 1000U);
-    for (std::size_t size = 0; size < whole.find_last_of('}'); size += 37) {
-        m_folder.write("cut.json", whole.substr(0, size));
-        EXPECT_THAT(tryLoad(m_folder.path("cut.json")),
-                    testing::ContainsRegex("cut.json: [0-9]+:[0-9]+: expected valid JSON, found "));
-    }
-}
-
 } // namespace

@@ -135,12 +135,6 @@ TEST_F(CallsTest, AnswersOfAnotherLength)
         EXPECT_EQ(answer.entries[row.filled * 8], 0xee);
         EXPECT_EQ(list(&MV_PD_GetConfig, 1).entries[8], 0xee) << "never more than were requested";
     }
-    loadAdapter(R"("answers": {"MV_EVT_GetEvent": {"count": 51}})",
-                R"("timeline": [{"poll": 1, "events": [{"code": "diskFailed", "repeat": 2}]}])");
-    const auto events = poll();
-    ASSERT_EQ(events.size(), 50U) << "51 are claimed";
-    EXPECT_EQ(events[1], "2/201/0#2");
-    EXPECT_EQ(events[2], "0/0/0#0");
 }
 
 } // namespace

@@ -68,7 +68,7 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
     load(R"({"format": 1, "name": "", "sequence": 10,
         "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64, "disks": [{"id": 4, "slot": 4}]}],
         "timeline": [{"poll": 2, "adapter": 1, "disks": [{"id": 4, "gone": true}],
-                      "events": [{"class": 2, "code": 7, "device": 3}, {"class": 9, "code": 8, "sequence": 4294967295}]},
+                      "events": [{"class": 2, "code": 7, "device": 3}, {"class": 9, "code": 8, "sequence": 4294967295, "raw": {"8": "0601"}}]},
                      {"poll": 1, "events": [{"class": 0, "code": 8}]}]})");
     using Seen = std::vector<std::array<unsigned int, 6>>;
     Seen seen;
@@ -86,8 +86,8 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
     EXPECT_THAT(poll(1, 1), ElementsAre("2/7/3#12")) << "the numbers run over all adapters";
     EXPECT_THAT(disks(1), IsEmpty());
     EXPECT_EQ(seen.size(), 2U) << "not yet what waits";
-    EXPECT_THAT(poll(1), ElementsAre("9/8/0#4294967295"));
-    EXPECT_EQ(seen, (Seen{{0, 0, 8, 0, 11, 1}, {1, 2, 7, 3, 12, 1}, {1, 9, 8, 0, 4294967295U, 1}}));
+    EXPECT_THAT(poll(1), ElementsAre("9/8/262#4294967295"));
+    EXPECT_EQ(seen, (Seen{{0, 0, 8, 0, 11, 1}, {1, 2, 7, 3, 12, 1}, {1, 9, 8, 262, 4294967295U, 1}}));
 }
 
 TEST_F(TimelineTest, EventsBeyondFiftyWait)

@@ -1,6 +1,5 @@
-// What the host sees and plans: sinks, call lines, failures.
+// What the host sees and plans: sinks and failures.
 #include "Objects.h"
-#include "common/LineLog.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 
@@ -48,24 +47,6 @@ TEST_F(Hooks, NotificationsAreLentToTheSinkAndFreed)
     EXPECT_EQ(RalSendNotification(make("pd0.4")), 9);
     EXPECT_THAT(alerts, ElementsAre("pd0.3"));
     EXPECT_EQ(morlan_live_sdo_objects(), 0U);
-}
-
-TEST_F(Hooks, TheCallSinkNamesWhateverComes)
-{
-    LineLog log;
-    ral_set_call_sink(LineLog::sink, &log);
-    void* const odd = make("pd0.4");
-    addNexus(odd, {SSPROP_SERIALNUM_ASTRING, SSPROP_MODEL_ASTRING, 100000});
-    SMSDOConfigAddData(odd, SSPROP_SERIALNUM_ASTRING, SDO_TYPE_ASTRING, "a\"\n", 4, 1);
-    SMSDOConfigAddData(odd, SSPROP_MODEL_ASTRING, SDO_TYPE_BINARY_DATA, "\x01\xfe\x00", 3, 1);
-    RalInsertObject(odd, SMSDOConfigAlloc());
-    RalInsertObject(nullptr, nullptr);
-    RalSendNotification(SMSDOConfigAlloc());
-    EXPECT_THAT(log.lines(),
-                ElementsAre(R"(RalInsertObject(772/9 24656="a\"\x0a" 25004=0x01fe00 100000=absent, )"
-                            "under incomplete) = 256",
-                            "RalInsertObject(null, under none) = 256",
-                            "RalSendNotification(alert absent) = 0"));
 }
 
 TEST_F(Hooks, APlannedFailureDoesNothing)
