@@ -46,13 +46,6 @@ void addU32(void* object, unsigned short id, std::uint32_t value)
     EXPECT_EQ(SMSDOConfigAddData(object, id, SDO_TYPE_U32, &value, sizeof value, 1), 0);
 }
 
-void addNexus(void* object, const std::vector<std::uint32_t>& ids)
-{
-    EXPECT_EQ(SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, ids.data(),
-                                 static_cast<unsigned int>(ids.size() * sizeof ids[0]), 1),
-              0);
-}
-
 void* make(const std::string& name, std::uint32_t status)
 {
     void* const object = SMSDOConfigAlloc();
@@ -72,7 +65,8 @@ void* make(const std::string& name, std::uint32_t status)
             nexus.push_back(family.member);
             addU32(object, family.member, member);
         }
-        addNexus(object, nexus);
+        const auto size = static_cast<unsigned int>(nexus.size() * sizeof nexus[0]);
+        SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, nexus.data(), size, 1);
     }
     return object;
 }

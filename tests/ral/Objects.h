@@ -14,7 +14,6 @@
 // A new object; `status` becomes its property SSPROP_STATUS_U32, which no identity contains.
 void* make(const std::string& name, std::uint32_t status = 0);
 void addU32(void* object, unsigned short id, std::uint32_t value);
-void addNexus(void* object, const std::vector<std::uint32_t>& ids);
 
 // The name of an object, with `:status` behind it where that is not 0; `none` for null, `?` for what has no
 // name of this kind.
