@@ -9,8 +9,8 @@
 #include <vector>
 
 // Names the object that an alert concerns; embedded in every alert, and an attribute bag like the model's
-// classes. The row of "m_DevID" in the shared table changes after start: the first alert of a disk gives it
-// the property by which a disk of that kind is named, and it is not put back.
+// classes. The row of "m_DevID" in the shared table changes after start: each alert of a physical or virtual
+// disk gives it the property by which a disk of that kind is named, and nothing puts it back.
 class CControl_Notify
 {
   public:

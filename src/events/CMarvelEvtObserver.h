@@ -22,14 +22,15 @@ class CMarvelEvtObserver : public IEvtObserver
 
     // Registers without a member pointer: the subject calls this observer directly.
     void getAssociatedWith(IEvtSubject* subject, short (*callback)(ICommand&)) override;
-    // Changes the property of "m_DevID" in the shared table for good at the first alert of a disk.
+    // Each alert of a disk sets the property of "m_DevID" in the shared table to that of its kind, where it
+    // stays for the controllers' alerts that follow.
     void createNexus(unsigned int objType, stg::AttribTypeMap& attribTypes,
                      std::vector<unsigned int>& nexus) override;
     // Runs the discovery by the alert number alone. Always 1.
     short generateActionCommand(unsigned int alert, unsigned int objType, unsigned int globalNum,
                                 unsigned int cntrlId, unsigned int devId) override;
     short dispatchCommand(ICommand& command) override;
-    // 1 for an alert that is not sent.
+    // Always 1, whether the alert was sent or not.
     short processAlert(CAlert* alert) override;
 
     // Sequence number of the last alert taken for processing, also when it is lower than the one before.

@@ -214,7 +214,8 @@ int SDOProxy::removeFromDataEngine(void* object)
 
 int SDOProxy::sendAlertNotification()
 {
-    return RalSendNotification(SMSDOConfigClone(m_pChildSDOConfig));
+    void* const notification = SMSDOConfigClone(m_pChildSDOConfig);
+    return notification != nullptr ? RalSendNotification(notification) : STATUS_FAILURE;
 }
 
 int SDOProxy::createSDOLinkWithParent(void* upper)

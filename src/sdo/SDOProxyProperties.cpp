@@ -130,7 +130,7 @@ int SDOProxy::visitScalar(unsigned char code, Visitor visit)
 
 int SDOProxy::addByCode(unsigned int id, unsigned char code, const void* value)
 {
-    if (value == nullptr && code <= SDO_CODE_ASTRING)
+    if (value == nullptr && (code <= SDO_CODE_ASTRING || code == SDO_CODE_SDOCONFIG))
         return STATUS_FAILURE; // an attribute that was entered without a value
     switch (code) {
     case SDO_CODE_NEXUS:

@@ -13,9 +13,11 @@ namespace
 constexpr unsigned int NONE = 0xFFFFFFFF;
 
 struct Observer : CMarvelEvtObserver {
-    short generateActionCommand(unsigned alert, unsigned, unsigned, unsigned, unsigned device) override
+    short generateActionCommand(unsigned alert, unsigned type, unsigned global, unsigned index,
+                                unsigned device) override
     {
-        stg::lout << "action " << alert << ' ' << device << '\n';
+        stg::lout << "action " << alert << ' ' << type << ' ' << global << ' ' << index << ' ' << device
+                  << '\n';
         return 0;
     }
 };
@@ -62,24 +64,29 @@ TEST_F(ObserverTest, PassesWhatIsMappedAndNewerThanTheStoredNumber)
                            {0, 0, 20, 0, "old"},
                            {0, 0, 20, NONE, "old"},
                            {NONE, 0, 20, NONE - 1, "old"},
+                           {100, 0, 21, 500, "unmapped numberless"},
+                           {100, 0, 20, 500, "numberless"},
                            {100, 5, 20, 500, "typeless"}}) {
         CMarvelEventManager::m_PrevEventSeqNum = stored;
         CMarvelEvtObserver::m_CurEventSeqNum = 7;
         CMarvelAlert alert;
         fill(alert, eventClass, code, 3, sequence);
+        const bool numbered = outcome.find("numberless") == std::string::npos;
+        alert.m_bHasEventSeqNum = numbered;
         clear();
         EXPECT_EQ(Observer().processAlert(&alert), 1);
         const bool passes = outcome[0] <= '9';
-        EXPECT_EQ(alert.m_bHasEventSeqNum, !passes);
+        EXPECT_EQ(alert.m_bHasEventSeqNum, !passes && numbered);
         EXPECT_EQ(CMarvelEvtObserver::m_CurEventSeqNum, passes ? sequence : 7U);
-        const std::string lines = passes ? "action " + outcome + (eventClass == 0 ? " 4294967295|" : " 3|")
-                                  : outcome == "old"
-                                      ? "Alert Sequence Number: " + std::to_string(sequence) +
-                                            " is not greater than the Sequence Number mentioned in "
-                                            "MarvelAlertMapping.ini File. Not processing this Alert.|"
-                                      : (outcome == "typeless" ? type : "") +
-                                            "Couldn't map Marvel Event Code: " + std::to_string(code) +
-                                            " with VRAX Alert Code in /MarvelAlertMapping.ini File.|";
+        const std::string lines =
+            passes ? "action " + outcome + (eventClass == 0 ? " 769 101 1 4294967295|" : " 772 101 1 3|")
+            : outcome == "numberless" ? "Event Sequence Number is missing. Not able to process this alert.|"
+            : outcome == "old"        ? "Alert Sequence Number: " + std::to_string(sequence) +
+                                     " is not greater than the Sequence Number mentioned in "
+                                     "MarvelAlertMapping.ini File. Not processing this Alert.|"
+                               : (outcome == "typeless" ? type : "") +
+                                     "Couldn't map Marvel Event Code: " + std::to_string(code) +
+                                     " with VRAX Alert Code in /MarvelAlertMapping.ini File.|";
         std::string said;
         for (const std::string& line : messages())
             if (line.find("CMarvelEvtObserver::processAlert(): ") == 7 || line.find("action") == 0)
@@ -111,9 +118,21 @@ TEST_F(ObserverTest, SendsABatchUnderThePropertiesThatNameTheObjects)
     EXPECT_EQ(sent, object("2058", "24809=8:65535", " 24576=8:769") +
                         object("2050", "24810=8:65534", ",24810 24576=8:772") +
                         object("2058", "24810=8:65533", " 24576=8:769"));
-    EXPECT_THAT(messages(), testing::Contains("action 2057 65532")) << "though it could not be sent";
+    EXPECT_THAT(messages(), testing::Contains("action 2057 773 101 1 65532"))
+        << "though it could not be sent";
     EXPECT_EQ(CMarvelEvtObserver::m_CurEventSeqNum, 6U) << "the last that passed, downward too";
     EXPECT_EQ(CControl_Notify::getAttribNameAndType()["m_DevID"].m_PropertyID, 24629U);
+
+    // The property of a device without a row of its own, and the type that has no nexus.
+    stg::AttribTypeMap rows;
+    std::vector<unsigned int> nexus;
+    Observer().createNexus(772, rows, nexus);
+    clear();
+    Observer().createNexus(770, rows, nexus);
+    EXPECT_THAT(nexus, testing::ElementsAre(24600, 24809));
+    EXPECT_EQ(messages(),
+              Lines{"ZARNEK:CMarvelEvtObserver::createNexus(): Object Type didn't match. Not able to "
+                    "create Nexus for the Object Type: 770"});
 }
 
 } // namespace
