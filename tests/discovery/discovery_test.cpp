@@ -80,7 +80,11 @@ class PlannedTest : public PluginTest
     template <class Command, class Action, class... Numbers>
     std::string run(Action action, Numbers... numbers)
     {
-        plan({{"controller 4 5", 3}, {"disks 4 5", 3}, {"drive 4 5 6", 3}});
+        plan({{"controller 4 5", 3},
+              {"disk 4 5 6", 3},
+              {"disks 4 5", 3},
+              {"drive 4 5 6", 3},
+              {"drives 4 5", 3}});
         auto command = std::make_unique<Command>(&m_manager, action);
         command->setArguments(numbers...);
         const unsigned int result = static_cast<ICommand&>(*command).execute();
