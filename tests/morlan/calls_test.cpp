@@ -1,4 +1,4 @@
-// Debug text, strings, mutexes, libraries and the sinks.
+// Debug text, strings and mutexes.
 #include "common/LineLog.h"
 #include "morlan/morlan_inspect.h"
 
@@ -8,7 +8,6 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <thread>
 
 namespace
@@ -49,29 +48,6 @@ TEST_F(Calls, DebugTextIsNeverAFormat)
     DebugPrint(text);
     DebugPrint("second");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), std::string(text) + "\nsecond\n");
-}
-
-TEST_F(Calls, AReplacedSinkRunsNoMore)
-{
-    struct Slow {
-        std::atomic<bool> entered{false};
-        std::atomic<bool> left{false};
-    } slow;
-    const auto runSlowly = [](void* context, const char*) {
-        auto* const self = static_cast<Slow*>(context);
-        self->entered = true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        self->left = true;
-    };
-    morlan_set_debug_sink(runSlowly, &slow);
-    std::thread caller([] { DebugPrint("line"); });
-    while (!slow.entered)
-        std::this_thread::yield();
-    const auto replaceItself = [](void*, const char*) { morlan_set_debug_sink(nullptr, nullptr); };
-    morlan_set_debug_sink(replaceItself, nullptr);
-    EXPECT_TRUE(slow.left);
-    caller.join();
-    DebugPrint("a sink may take itself out");
 }
 
 TEST_F(Calls, StringsHoldTheInstallPathOfTheHostOrTheEnvironment)
@@ -131,17 +107,6 @@ TEST_F(Calls, AMutexLetsOneThreadIn)
     EXPECT_EQ(morlan_live_mutexes(), 0U);
     for (void* gone : {mutex, static_cast<void*>(nullptr)})
         EXPECT_TRUE(SMMutexLock(gone, -1) != 0 && SMMutexUnLock(gone) != 0 && SMMutexDestroy(gone) != 0);
-}
-
-TEST_F(Calls, LibrariesMayComeFromElsewhere)
-{
-    LineLog log;
-    morlan_set_call_sink(LineLog::sink, &log);
-    EXPECT_EQ(SMLibUnLoad(dlopen("libm.so.6", RTLD_LAZY)), 0);
-    EXPECT_NE(SMLibUnLoad(nullptr), 0);
-    EXPECT_EQ(SMLibLoad(nullptr), nullptr);
-    EXPECT_EQ(SMLibLoad("libno \"such\"\n.so"), nullptr);
-    EXPECT_EQ(log.lines().back(), R"(SMLibLoad("libno \"such\"\x0a.so") = failed)");
 }
 
 } // namespace

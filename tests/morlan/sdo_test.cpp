@@ -154,21 +154,4 @@ TEST_F(Sdo, ReadsOnlyWhatFits)
     }
 }
 
-TEST_F(Sdo, PropertiesAreSeenInPlace)
-{
-    void* nested = nullptr;
-    unsigned int size = sizeof nested;
-    EXPECT_EQ(SMSDOConfigGetDataByID(object, 2, 0, &nested, &size), 0);
-    EXPECT_EQ(nested, inner);
-
-    void* value = nullptr;
-    unsigned char type = 0;
-    ASSERT_EQ(GetProperty2(object, 2, &value, &type, &size), 0);
-    EXPECT_EQ(type, SDO_TYPE_SDOCONFIG);
-    ASSERT_EQ(size, sizeof inner);
-    EXPECT_EQ(std::memcmp(value, &inner, size), 0);
-    EXPECT_NE(GetProperty2(object, 3, &value, &type, &size), 0);
-    EXPECT_NE(GetProperty2(nullptr, 1, &value, &type, &size), 0);
-}
-
 } // namespace

@@ -15,8 +15,6 @@
 namespace
 {
 
-using Clock = std::chrono::steady_clock;
-
 // What an event thread does: it sleeps until it is told to end.
 struct Sleeper {
     std::atomic<bool> begun{false};
@@ -28,7 +26,7 @@ struct Sleeper {
         auto* const self = static_cast<Sleeper*>(argument);
         self->begun = true;
         do
-            sleep(50);
+            sleep(10000);
         while (!self->leave);
         self->ended = true;
     }
@@ -45,15 +43,12 @@ struct Sleeper {
             std::this_thread::yield();
     }
 
-    // Stops the thread as the plug-in does; fails the test if that takes long or the thread still runs after
-    // it.
+    // Stops the thread as the plug-in does. A stop that did not wake it would outlast the test's time limit.
     void stop(void* thread)
     {
-        const Clock::time_point start = Clock::now();
         leave = true;
         EXPECT_EQ(SMThreadStop(thread), 0);
         EXPECT_TRUE(ended);
-        EXPECT_LT(Clock::now() - start, std::chrono::seconds(1));
     }
 };
 

@@ -49,34 +49,6 @@ TEST_F(Hooks, NotificationsAreLentToTheSinkAndFreed)
     EXPECT_EQ(morlan_live_sdo_objects(), 0U);
 }
 
-TEST_F(Hooks, APlannedFailureDoesNothing)
-{
-    insertObject("ctl0");
-    insertObject("pd0.1", "ctl0");
-    const Names before = content();
-    const struct {
-        const char* name;
-        int (*make)();
-    } calls[] = {
-        {"RalInsertObject", [] { return insertObject("pd0.2", "ctl0"); }},
-        {"RalLinkObjects", [] { return linkObjects("ctl0", "pd0.1"); }},
-        {"RalListAssociatedObjects", [] { return listObjects("ctl0", 769) == "77" ? 77 : 0; }},
-        {"RalListFree", [] { return RalListFree(nullptr, 0); }},
-        {"RalSendNotification", [] { return RalSendNotification(make("pd0.1")); }},
-        {"RalDeleteObject", [] { return deleteObject("ctl0"); }},
-    };
-    for (const auto& call : calls) {
-        SCOPED_TRACE(call.name);
-        ASSERT_EQ(ral_fail_call(call.name, 1, 0, 77), 0);
-        EXPECT_EQ(call.make(), 77);
-        EXPECT_EQ(content(), before);
-        ral_clear_faults();
-    }
-    for (const auto& call : calls)
-        EXPECT_EQ(call.make(), 0) << call.name;
-    EXPECT_NE(ral_fail_call("RalUnlinkObjects", 1, 1, 77), 0);
-}
-
 // A failure planned for the plug-in's own clones is not used up by the copies that the engine makes.
 TEST_F(Hooks, TheEnginesCopiesDoNotCount)
 {
