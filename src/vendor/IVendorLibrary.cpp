@@ -11,6 +11,7 @@
 
 #include <map>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace
@@ -20,10 +21,12 @@ namespace
 class LivingLibraries
 {
   public:
-    // Never destroyed: an event thread may outlive the statics of a process that ends.
+    // Never destroyed, since an event thread may outlive the statics of a process that ends. Without
+    // libraries it holds no memory but its place.
     static LivingLibraries& instance()
     {
-        static auto* const libraries = new LivingLibraries;
+        alignas(LivingLibraries) static unsigned char place[sizeof(LivingLibraries)];
+        static auto* const libraries = new (place) LivingLibraries;
         return *libraries;
     }
     void insert(const IVendorLibrary* library)
