@@ -12,6 +12,21 @@
 
 #include <algorithm>
 
+namespace
+{
+
+// The notification's object passes to the alert's. Where that failed, it would be nobody's.
+void freeUnlessTaken(stg::AttribValMap& alertValues, const stg::SDOProxy& alertProxy)
+{
+    const auto entry = alertValues.find("m_ControlNotify");
+    if (entry == alertValues.end() || alertProxy.hasTaken(entry->second))
+        return;
+    alertProxy.deleteClonedSDOObj(entry->second);
+    alertValues.erase(entry);
+}
+
+} // namespace
+
 IEvtObserver::IEvtObserver(const IEvtObserver& /*other*/) {}
 
 IEvtObserver& IEvtObserver::operator=(const IEvtObserver& /*other*/)
@@ -66,7 +81,9 @@ short IEvtObserver::createSDOProxyObj(CAlert* alert)
         return stg::STATUS_FAILURE;
     alert->updateControlNotify(notifyProxy);
     stg::SDOProxy alertProxy;
-    if (alertProxy.createSDOObject(*alert) != stg::STATUS_SUCCESS)
+    const int created = alertProxy.createSDOObject(*alert);
+    freeUnlessTaken(*alert->getAttribValueMap(), alertProxy);
+    if (created != stg::STATUS_SUCCESS)
         return stg::STATUS_FAILURE;
     sendAlert(alertProxy);
     // After the alert, whether it went out or not: the data engine gets it ahead of the refreshed objects.

@@ -57,6 +57,8 @@ class SDOProxy
     // A clone that the caller owns, null for null; and its end.
     void* cloneMyself(const void* object) const;
     void deleteClonedSDOObj(void* object) const;
+    // Whether the child took this nested object over when it was added last; true for null.
+    bool hasTaken(const void* nested) const { return nested == m_pNestedObject; }
     // Zeroes the scratch fields but that of the nexus.
     void resetPropertyDataType();
 
@@ -149,6 +151,7 @@ class SDOProxy
     unsigned int m_BinaryValue = 0;
     std::vector<unsigned int> m_NexusValue;
     void* m_pCurrentValue = nullptr;
+    const void* m_pNestedObject = nullptr; // the child's, not to be followed
 
     static std::map<std::string, unsigned char> m_LookupTable;
     static bool m_bIsLookupTable;

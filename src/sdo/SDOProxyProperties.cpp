@@ -98,6 +98,7 @@ int SDOProxy::addNested(unsigned int id, const void* object)
     const int status =
         SMSDOConfigAddData(m_pChildSDOConfig, wireId(id), SDO_TYPE_SDOCONFIG, object, NESTED_SIZE, FLAG);
     lout << ADD_PROPERTY << "Property Name: " << id << ", Property Type: SM_SDO_TYPE_SDOCONFIG" << '\n';
+    m_pNestedObject = status == 0 ? object : nullptr;
     return status;
 }
 

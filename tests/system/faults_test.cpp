@@ -53,6 +53,8 @@ TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
         quiet.substr(0, quiet.rfind('}')) +
         R"(, "timeline": [{"poll": 1, "events": [{"code": "diskFailed", "device": 0}]}]})";
     for (const auto& [howMany, alerts] : {std::pair(1U, false), {0U, false}, {1U, true}, {0U, true}}) {
+        if (fault.givesBack && alerts)
+            continue; // the event thread's leaks would not be known as such
         for (unsigned int nth = 1;; ++nth) {
             SCOPED_TRACE(std::string(howMany == 1 ? "once" : "from then on") + ", at call " +
                          std::to_string(nth) + (alerts ? ", with an alert" : ""));
@@ -68,8 +70,7 @@ TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
             morlan_clear_faults();
             ral_clear_faults();
             ral_reset();
-            // An alert's notification that finds no way into the alert is nobody's.
-            EXPECT_TRUE(held() == before || fault.givesBack || alerts);
+            EXPECT_TRUE(held() == before || fault.givesBack);
             EXPECT_EQ(morlan_running_threads(), 0U);
             if (HasFailure())
                 return;
