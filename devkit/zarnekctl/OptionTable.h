@@ -45,6 +45,7 @@ struct FormatRow {
     bool monitor;
 };
 
+// A command's first one is its default.
 const FormatRow* formatRows(std::size_t& count);
 
 } // namespace zarnekctl
