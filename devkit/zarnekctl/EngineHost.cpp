@@ -54,7 +54,8 @@ std::string vendorLibraryName()
     return privateIniValue(vendorLibrarySection, "Linux_" + id).value_or("");
 }
 
-// The file itself, otherwise a shipped scenario of that name.
+// The file itself, otherwise a shipped scenario of that name. Throws Failure (BadInput) when there is
+// neither.
 fs::path scenarioFile(const std::string& named, const Installation& installation)
 {
     std::error_code error;
@@ -62,7 +63,12 @@ fs::path scenarioFile(const std::string& named, const Installation& installation
         return named;
     const bool isBareName = named.find('/') == std::string::npos;
     const auto shipped = isBareName ? installation.shippedScenario(named) : std::nullopt;
-    return shipped ? *shipped : fs::path(named); // the simulator says what is wrong with it
+    if (shipped)
+        return *shipped;
+    std::string names;
+    for (const std::string& name : installation.shippedScenarios())
+        names += (names.empty() ? "; shipped are " : ", ") + name;
+    throw Failure(ExitStatus::BadInput, escaped(named) + ": no such scenario file" + names);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include "zarnekctl/Failure.h"
 
+#include <set>
 #include <system_error>
-#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -67,14 +67,32 @@ fs::path Installation::shippedConfig(const std::string& name) const
     return *found;
 }
 
+std::vector<fs::path> Installation::scenarioFolders() const
+{
+    return {m_prefix / "share" / "zarnek" / "scenarios", fs::path(ZARNEKCTL_SOURCE_DIR) / "scenarios"};
+}
+
 std::optional<fs::path> Installation::shippedScenario(const std::string& name) const
 {
     std::vector<fs::path> candidates;
     for (const std::string& file : {name, name + ".json"}) {
-        candidates.push_back(m_prefix / "share" / "zarnek" / "scenarios" / file);
-        candidates.push_back(fs::path(ZARNEKCTL_SOURCE_DIR) / "scenarios" / file);
+        for (const fs::path& folder : scenarioFolders())
+            candidates.push_back(folder / file);
     }
     return firstFile(candidates);
+}
+
+std::vector<std::string> Installation::shippedScenarios() const
+{
+    std::set<std::string> names;
+    for (const fs::path& folder : scenarioFolders()) {
+        std::error_code error;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+            if (entry.path().extension() == ".json")
+                names.insert(entry.path().stem().string());
+        }
+    }
+    return {names.begin(), names.end()};
 }
 
 } // namespace zarnekctl

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zarnekctl
 {
@@ -23,8 +24,12 @@ class Installation
     std::filesystem::path shippedConfig(const std::string& name) const;
     // A shipped scenario by file name, with or without its ".json".
     std::optional<std::filesystem::path> shippedScenario(const std::string& name) const;
+    // The names of the shipped scenarios, sorted; empty when none are there.
+    std::vector<std::string> shippedScenarios() const;
 
   private:
+    std::vector<std::filesystem::path> scenarioFolders() const;
+
     std::filesystem::path m_folder; // of the executable
     std::filesystem::path m_prefix; // the folder above it
 };
