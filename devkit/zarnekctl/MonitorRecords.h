@@ -23,6 +23,7 @@ struct MonitorStart {
     std::size_t virtualDisks = 0;
     double interval = 0;    // seconds
     unsigned int polls = 0; // 0: until stopped
+    bool isStill = false;   // a scenario in which nothing happens
 };
 
 struct Alert {

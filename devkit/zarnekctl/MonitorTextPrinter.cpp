@@ -42,6 +42,13 @@ std::string side(const std::optional<Property>& property, ObjectKind kind, const
     return property ? describe(*property, kind, !style.utf8) : "nothing";
 }
 
+// The bare number, with its unit where it has one.
+std::string exactText(std::uint64_t number, unsigned int property)
+{
+    const PropertyRow* row = propertyRow(property);
+    return std::to_string(number) + (row != nullptr && row->form == Form::Size ? " B" : "");
+}
+
 // "state online -> failed"; where the words cannot tell the difference, the numbers do.
 std::string changeText(const PropertyChange& change, ObjectKind kind, const Style& style)
 {
@@ -51,8 +58,8 @@ std::string changeText(const PropertyChange& change, ObjectKind kind, const Styl
         const auto* old = std::get_if<std::uint64_t>(&change.before->value);
         const auto* fresh = std::get_if<std::uint64_t>(&change.after->value);
         if (old != nullptr && fresh != nullptr) {
-            before = std::to_string(*old);
-            after = std::to_string(*fresh);
+            before = exactText(*old, change.id);
+            after = exactText(*fresh, change.id);
         }
     }
     return propertyLabel(change.id) + " " + before + " " + style.arrow() + " " + after;
@@ -77,7 +84,8 @@ void MonitorTextPrinter::start(const MonitorStart& start)
     m_out << "monitoring " << counted(start.controllers, "controller") << ", " << counted(start.disks, "disk")
           << ", " << counted(start.virtualDisks, "virtual disk") << " ("
           << escaped(start.source, !m_style.utf8) << "); a poll every " << shortNumber(start.interval)
-          << " s, " << (start.polls == 0 ? std::string("until Ctrl-C") : counted(start.polls, "poll")) << '\n'
+          << " s, " << (start.polls == 0 ? std::string("until Ctrl-C") : counted(start.polls, "poll"))
+          << (start.isStill ? "; the scenario has no timeline, so nothing will happen\n" : "\n")
           << std::flush;
 }
 
@@ -115,8 +123,9 @@ void MonitorTextPrinter::refresh(const Refresh& refresh)
         m_out << "gone from the data engine";
         break;
     case RefreshKind::Incomplete:
-        m_out << "discovered singly, arrived without identity (" << object.properties.size()
-              << " values); the data engine cannot place it";
+        m_out << "refreshed singly, as " << counted(object.properties.size(), "value")
+              << " without identity; its full object waits for a discovery of all "
+              << wordOf(object.apparentKind()) << 's';
         break;
     }
     m_out << '\n' << std::flush;

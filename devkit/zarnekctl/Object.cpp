@@ -133,16 +133,22 @@ std::string Object::identity() const
     return text;
 }
 
+ObjectKind Object::apparentKind() const
+{
+    if (objectType() != 0)
+        return kind();
+    ObjectKind apparent = ObjectKind::Other;
+    for (const ObjectKind candidate : {ObjectKind::PhysicalDisk, ObjectKind::VirtualDisk}) {
+        if (find(numberProperty(candidate)) != nullptr)
+            apparent = candidate;
+    }
+    return apparent;
+}
+
 std::string Object::shortName() const
 {
-    ObjectKind named = kind();
-    if (named == ObjectKind::Other && objectType() == 0) {
-        for (const ObjectKind candidate : {ObjectKind::PhysicalDisk, ObjectKind::VirtualDisk}) {
-            if (find(numberProperty(candidate)) != nullptr)
-                named = candidate;
-        }
-    }
-    return namedObject(named, number(numberProperty(named)));
+    const ObjectKind apparent = apparentKind();
+    return namedObject(apparent, number(numberProperty(apparent)));
 }
 
 std::string Object::fullName() const

@@ -63,10 +63,12 @@ struct Object {
 
     std::uint64_t objectType() const; // 0 without one
     ObjectKind kind() const;
+    // The kind; that of the number it has for an object without a type.
+    ObjectKind apparentKind() const;
     // What identifies the object in the data engine, such as `772/9 24600=0 24810=3`; empty without a nexus
     // or an object type.
     std::string identity() const;
-    // "disk 3", and "disk 3 on controller 0". An object without a type goes by the number it has.
+    // "disk 3", and "disk 3 on controller 0", by the apparent kind.
     std::string shortName() const;
     std::string fullName() const;
 };

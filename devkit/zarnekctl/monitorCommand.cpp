@@ -168,16 +168,19 @@ ExitStatus monitorCommand(const Options& options, const Installation& installati
 
     EngineHost host(options, installation, config, "disk-failure");
     const double interval = options.interval.value_or(host.playsScenario() ? scenarioInterval : liveInterval);
-    const unsigned int storyEnd = host.playsScenario() ? host.vendorLibrary().lastPoll() + 1 : 0;
-    const unsigned int polls = options.polls.value_or(storyEnd);
+    const unsigned int lastPoll = host.vendorLibrary().lastPoll();
+    const unsigned int polls = options.polls.value_or(host.playsScenario() ? lastPoll + 1 : 0);
 
     host.initialise();
     host.discover(options.globalNumber.value_or(0));
     const System system = host.system();
     const auto printer = printerFor(options);
     MonitorJournal journal(printer.get(), [&config] { return MappingFile::read(config.mapping()); });
-    if (printer)
-        printer->start(startRecord(system, interval, polls));
+    if (printer) {
+        MonitorStart start = startRecord(system, interval, polls);
+        start.isStill = host.playsScenario() && lastPoll == 0;
+        printer->start(start);
+    }
     if (system.count(ObjectKind::Controller) == 0) {
         host.stopMonitoring();
         host.terminate();

@@ -91,10 +91,13 @@ TEST_F(Story, propertiesAndObjectsComeAndGo)
     m_journal.pollEnd();
     m_journal.change(&after, &after); // compared with what is known by now
     m_journal.change(&before, nullptr);
+    m_journal.incomplete({{number(SSPROP_LOGICALDRIVENUM_U32, 2)}});
     m_journal.pollEnd();
     m_journal.pollEnd();
     EXPECT_THAT(lines(),
                 ElementsAre(" disk 1 on controller 0: status ok -> critical, media nothing -> SSD, bus "
                             "SAS -> nothing",
+                            " virtual disk 2 on controller ?: refreshed singly, as 1 value without identity; "
+                            "its full object waits for a discovery of all virtual disks",
                             " disk 1 on controller 0: gone from the data engine"));
 }
