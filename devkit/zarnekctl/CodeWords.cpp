@@ -24,20 +24,21 @@ constexpr Row rows[] = {
     {SSPROP_OBJTYPE_U32, any, SDO_OBJTYPE_PHYSICAL_DISK, "physical disk"},
     {SSPROP_OBJTYPE_U32, any, SDO_OBJTYPE_VIRTUAL_DISK, "virtual disk"},
 
-    {SSPROP_STATUS_U32, any, 0, "not told"},
+    {SSPROP_STATUS_U32, any, 0, "unstated"},
     {SSPROP_STATUS_U32, any, 1, "unknown"},
     {SSPROP_STATUS_U32, any, 2, "ok"},
     {SSPROP_STATUS_U32, any, 3, "warning"},
     {SSPROP_STATUS_U32, any, 4, "critical"},
 
+    // The plug-in tells no state: spares and disks under a check, arrays that rebuild, and whatever else the
+    // vendor's flags have no name for. How bad it is, the status tells.
+    {SSPROP_STATE_U32, any, 0, "unstated"},
     {SSPROP_STATE_U32, ObjectKind::Controller, 1, "ready"},
 
-    {SSPROP_STATE_U32, physical, 0, "other"}, // spares, foreign disks, disks under a check
     {SSPROP_STATE_U32, physical, 1, "ready"},
     {SSPROP_STATE_U32, physical, 4, "online"},
     {SSPROP_STATE_U32, physical, 8, "failed"},
 
-    {SSPROP_STATE_U32, virtuals, 0, "other"}, // a rebuild among others; the status tells how bad it is
     {SSPROP_STATE_U32, virtuals, 0x1, "optimal"},
     {SSPROP_STATE_U32, virtuals, 0x8, "offline"},
     {SSPROP_STATE_U32, virtuals, 0x20, "degraded"},

@@ -29,6 +29,8 @@ void Columns::print(std::ostream& out, const Style& style) const
             --shown;
         for (std::size_t index = 0; index < shown; ++index) {
             const Cell& cell = line.cells[index];
+            if (widths[index] == 0) // a column that no line fills
+                continue;
             const std::string blanks(widths[index] - displayWidth(cell.text), ' ');
             if (index != 0)
                 out << "  ";

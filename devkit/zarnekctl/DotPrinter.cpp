@@ -28,8 +28,9 @@ std::string label(const Object& object)
     const auto line = [&](std::initializer_list<unsigned int> properties) {
         std::string words;
         for (const unsigned int property : properties) {
-            if (object.find(property) != nullptr)
-                words += (words.empty() ? "" : " ") + quoted(cell(object, property, graphStyle));
+            const std::string value = cell(object, property, graphStyle);
+            if (value != "-")
+                words += (words.empty() ? "" : " ") + quoted(value);
         }
         if (!words.empty())
             text += "\\n" + words;

@@ -42,9 +42,20 @@ std::string rangeText(std::vector<std::uint64_t> numbers)
     return text;
 }
 
-// Links to disks as ranges of slots, links to anything else by name.
+bool hasLinkTo(const Node& node, std::size_t target)
+{
+    return std::find(node.links.begin(), node.links.end(), target) != node.links.end();
+}
+
+// Links to disks as ranges of slots, links to anything else by name. The plug-in links a virtual disk with
+// every disk of its controller, which says nothing about members.
 std::string linkText(const System& system, const Node& node)
 {
+    const auto disks = system.below(node.parent, ObjectKind::PhysicalDisk);
+    const bool isLinkedWithAll =
+        std::all_of(disks.begin(), disks.end(), [&](std::size_t disk) { return hasLinkTo(node, disk); });
+    if (!disks.empty() && isLinkedWithAll && node.links.size() == disks.size())
+        return "linked with all disks of the controller";
     std::vector<std::uint64_t> slots;
     std::string others;
     for (const std::size_t link : node.links) {
@@ -61,6 +72,21 @@ std::string linkText(const System& system, const Node& node)
     if (!others.empty())
         text += (text.empty() ? "" : ", ") + others;
     return text.empty() ? "no links" : "linked with " + text;
+}
+
+// A stripe of 0 and a firmware of zeros come from a vendor who tells none: the tree leaves them out.
+std::string stripeCell(const Object& disk, const Style& style)
+{
+    return disk.number(SSPROP_STRIPEBLOCKSIZE_U32).value_or(0) == 0
+               ? ""
+               : "stripe " + cell(disk, SSPROP_STRIPEBLOCKSIZE_U32, style);
+}
+
+bool isWorthAWord(const Object& controller, unsigned int property)
+{
+    const bool isVersion = property == SSPROP_FWVERSION_ASTRING;
+    return controller.find(property) != nullptr &&
+           !(isVersion && controller.text(property).find_first_not_of("0.") == std::string::npos);
 }
 
 std::vector<Columns::Cell> diskCells(const Object& disk, const Style& style)
@@ -90,7 +116,7 @@ std::vector<Columns::Cell> virtualDiskCells(const System& system, const Node& no
             {text(SSPROP_RAIDMODE_U32)},
             {text(SSPROP_NAME_ASTRING)},
             {text(SSPROP_WRITEPOLICY_U32)},
-            {"stripe " + text(SSPROP_STRIPEBLOCKSIZE_U32)},
+            {stripeCell(disk, style)},
             {linkText(system, node)}};
 }
 
@@ -114,7 +140,7 @@ void TreePrinter::printController(const System& system, std::size_t index, std::
     const char* gap = "  ";
     for (const unsigned int id : {SSPROP_FWVERSION_ASTRING, SSPROP_SLOTID_U32, SSPROP_PORTCOUNT_U32,
                                   SSPROP_REBUILDRATE_U32, SSPROP_ALARMSTATE_BOOL}) {
-        if (controller.find(id) == nullptr)
+        if (!isWorthAWord(controller, id))
             continue;
         const std::string label = id == SSPROP_SLOTID_U32 ? "slot" : propertyLabel(id);
         out << gap << label << ' ' << cell(controller, id, m_style);

@@ -59,7 +59,7 @@ std::string stripeText(std::uint64_t blocks)
 std::string speedText(std::uint64_t speed)
 {
     if (speed == 0)
-        return "none";
+        return "no speed";
     const std::uint64_t tenths = rounded(speed * 10, 1024);
     return (tenths % 10 == 0 ? std::to_string(tenths / 10) : decimalText(tenths, 1)) + " Gbit/s";
 }

@@ -91,22 +91,27 @@ TEST(Printers, showWhatHasNoPlaceInTheTree)
                                {SSPROP_NEGOTIATEDSPEED_U32, 0xFFFFFFFF}});
     const Object lost = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
                                 {SSPROP_GLOBALCONTROLLERNUM_U32, 5},
-                                {SSPROP_SLOTNUM_U32, 7}});
+                                {SSPROP_SLOTNUM_U32, 2}});
+    const Object virtualDisk =
+        object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_VIRTUAL_DISK}, {SSPROP_LOGICALDRIVENUM_U32, 0}});
     System system;
     system.nodes = {{controller, -1, {}, 1, false},
                     {odd, 0, {}, 1, false},
                     {lost, -1, {}, 1, false},
-                    {object({{SSPROP_SLOTNUM_U32, 2}}), -1, {}, 1, true}};
+                    {virtualDisk, 0, {1, 2, 4}, 1, false},
+                    {object({{SSPROP_SLOTNUM_U32, 7}}), -1, {}, 1, true}};
 
     const std::string tree = printed(TreePrinter(Style{}), system);
     EXPECT_THAT(tree,
-                HasSubstr("`- 1 disk\n   `- disk 1  failed  critical  -  code 77  -  not known  -  -\n"));
-    EXPECT_THAT(tree, HasSubstr("outside the tree\n   disk 7 on controller 5\n"
-                                "   disk 2 on controller ?: no identity, 1 property value\n"));
-    EXPECT_THAT(printed(TablePrinter(Style{}), system), testing::ContainsRegex("\ndisk 7 .*\n[?] disk 2\n$"));
-    EXPECT_THAT(printed(DotPrinter(), system), HasSubstr("=gray90, label=\"disk 2\"];\n  n0 -> n1;\n}"));
+                HasSubstr("|- 1 disk\n|  `- disk 1  failed  critical  -  code 77  -  not known  -  -\n"));
+    EXPECT_THAT(tree, HasSubstr("  linked with disks 1-2, disk 7\n"));
+    EXPECT_THAT(tree, HasSubstr("outside the tree\n   disk 2 on controller 5\n"
+                                "   disk 7 on controller ?: no identity, 1 property value\n"));
+    EXPECT_THAT(printed(TablePrinter(Style{}), system), testing::ContainsRegex("\ndisk 2 .*\n[?] disk 7\n$"));
+    EXPECT_THAT(printed(DotPrinter(), system),
+                HasSubstr("=gray90, label=\"disk 7\"];\n  n0 -> n1;\n  n0 -> n3"));
     const Json json = Json::parse(printed(JsonPrinter(), system));
-    EXPECT_EQ(json.at("objects").at(3).at("identity"), nullptr);
+    EXPECT_EQ(json.at("objects").at(4).at("identity"), nullptr);
 
     // Colours change no column.
     std::string coloured = printed(TreePrinter(Style{false, true}), system);

@@ -15,7 +15,7 @@ TEST(Units, roundAcrossUnits)
                 {sizeText(1000), "1.00 kB"},    {sizeText(999499), "999 kB"},
                 {sizeText(999500), "1.00 MB"},  {sizeText(9994999), "9.99 MB"},
                 {sizeText(9995000), "10.0 MB"}, {sizeText(18446744073709551615U), "18.4 EB"},
-                {speedText(0), "none"},         {speedText(1), "0 Gbit/s"},
+                {speedText(0), "no speed"},     {speedText(1), "0 Gbit/s"},
                 {speedText(128), "0.1 Gbit/s"}, {speedText(2048), "2 Gbit/s"},
                 {stripeText(0), "0 KiB"},       {stripeText(1), "512 B"},
                 {stripeText(1536), "768 KiB"},  {stripeText(2048), "1 MiB"}};
