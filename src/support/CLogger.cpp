@@ -4,7 +4,9 @@
 
 #include <morlan.h>
 
+#include <algorithm>
 #include <locale>
+#include <new>
 #include <utility>
 
 namespace stg
@@ -19,18 +21,27 @@ CLogger::CLogger() : m_stream(std::ios_base::out | std::ios_base::ate)
 
 void CLogger::writeLog(std::string text)
 {
-    if (text.empty())
-        text = m_stream.str();
-    DebugPrint(text.c_str());
+    try {
+        if (text.empty())
+            text = m_stream.str();
+        DebugPrint(text.c_str());
+    } catch (const std::bad_alloc&) { // no memory for the line: it is lost, the process is not
+    }
     m_stream.clear();
     m_stream.str(std::string());
+}
+
+std::size_t CLogger::lineSize() const
+{
+    const auto position = m_stream.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::out);
+    return static_cast<std::size_t>(std::max<std::streamoff>(position, 0));
 }
 
 template <class Value>
 CLogger& CLogger::insert(const Value& value)
 {
     m_stream << value;
-    if (m_stream.str().size() >= BUFFER_LIMIT)
+    if (lineSize() >= BUFFER_LIMIT)
         writeLog(std::string());
     return *this;
 }
@@ -84,7 +95,7 @@ CLogger& CLogger::operator<<(char value)
 {
     if (value != '\n')
         return insert(value);
-    if (!m_stream.str().empty())
+    if (lineSize() != 0)
         writeLog(std::string());
     return *this;
 }

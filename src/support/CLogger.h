@@ -51,6 +51,8 @@ class CLogger
   private:
     template <class Value>
     CLogger& insert(const Value& value);
+    // Bytes composed so far.
+    std::size_t lineSize() const;
 
     std::ostringstream m_stream;
 };

@@ -12,7 +12,7 @@ namespace stg
 namespace
 {
 
-// Without memory for the line the line is lost, the process is not: frames stand in destructors too.
+// A frame that finds no memory is lost, as any line is: frames stand in destructors too.
 void writeFrame(const char* label, const char* word)
 {
     try {
