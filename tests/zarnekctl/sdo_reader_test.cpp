@@ -76,8 +76,12 @@ TEST(Printers, showWhatHasNoPlaceInTheTree)
 {
     const auto object = [](const std::vector<std::pair<unsigned int, std::uint64_t>>& numbers) {
         Object made;
-        for (const auto& [id, number] : numbers)
-            made.properties.push_back({id, SDO_TYPE_U32, number});
+        made.properties.resize(numbers.size());
+        for (std::size_t index = 0; index < numbers.size(); ++index) {
+            made.properties[index].id = numbers[index].first;
+            made.properties[index].type = SDO_TYPE_U32;
+            made.properties[index].value = numbers[index].second;
+        }
         return made;
     };
     const Object controller =
