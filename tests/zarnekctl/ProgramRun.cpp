@@ -77,12 +77,10 @@ void RunningProgram::signal(int number) const
 
 ProgramResult RunningProgram::finish()
 {
-    const auto start = Clock::now();
     int status = 0;
     waitpid(m_process, &status, 0);
     m_process = -1;
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_folder.read("out"), m_folder.read("err"),
-            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start)};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_folder.read("out"), m_folder.read("err")};
 }
 
 RunningProgram ProgramState::start(const Words& arguments, const Words& environment) const

@@ -20,7 +20,6 @@ struct ProgramResult {
     int status = -1; // exit status; -1 when a signal ended it
     std::string out;
     std::string err;
-    std::chrono::milliseconds duration{};
 
     std::vector<nlohmann::json> records() const { return jsonLines(out); }
 };
@@ -38,7 +37,7 @@ class RunningProgram
     // Waits until its standard output holds the text; false when it does not come in time.
     bool waitForOutput(const std::string& text) const;
     void signal(int number) const;
-    // Waits for its end; the duration is that of this call.
+    // Waits for its end.
     ProgramResult finish();
 
   private:
