@@ -6,7 +6,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <chrono>
 #include <string>
 #include <sys/types.h>
 #include <vector>

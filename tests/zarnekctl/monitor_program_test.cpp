@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <csignal>
 #include <regex>
 #include <thread>
@@ -130,7 +131,7 @@ TEST(Monitor, aReaderThatGoesAwayStopsTheRunWithItsNumberWritten)
     ASSERT_EQ(std::system(command.c_str()), 0);
     // Not every shell waits for the program too.
     for (int wait = 0; wait < 1000 && state.mapping().find("SequenceNumber=0") != std::string::npos; ++wait)
-        std::this_thread::sleep_for(5ms);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_THAT(state.mapping(), testing::ContainsRegex("SequenceNumber=[1-9]"));
 }
 
