@@ -36,17 +36,17 @@ Entry loadPlugin()
 }
 
 // The plug-in, initialised next to an empty data engine, until it is stopped and terminated.
-class Session
+class RunningPlugin
 {
   public:
-    Session()
+    RunningPlugin()
     {
         ral_reset();
         m_entry(20, nullptr, &m_slot);
     }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
-    ~Session()
+    RunningPlugin(const RunningPlugin&) = delete;
+    RunningPlugin& operator=(const RunningPlugin&) = delete;
+    ~RunningPlugin()
     {
         m_entry(25, nullptr, &m_slot);
         m_entry(23, nullptr, &m_slot);
@@ -222,8 +222,8 @@ void discovery(benchmark::State& state)
     const Machine machine;
     machine.loadSystem(static_cast<unsigned int>(state.range(0)), drivesOf(state));
     for (auto _ : state) {
-        const Session session;
-        timed(state, [&] { session.discover(); });
+        const RunningPlugin plugin;
+        timed(state, [&] { plugin.discover(); });
     }
     showPerObject(state);
 }
@@ -235,8 +235,8 @@ void discovery_floor(benchmark::State& state)
 {
     const Machine machine;
     machine.loadSystem(static_cast<unsigned int>(state.range(0)), drivesOf(state));
-    const Session session;
-    const std::vector<std::string> wanted = callsOf([&] { session.discover(); });
+    const RunningPlugin plugin;
+    const std::vector<std::string> wanted = callsOf([&] { plugin.discover(); });
     BareDiscovery floor;
     ral_reset();
     if (callsOf([&] { floor.run(); }) != wanted)

@@ -1,10 +1,13 @@
 #include "common/PluginTest.h"
+#include "discovery/ICommand.h"
 #include "events/CMarvelAlert.h"
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
+#include "events/CMarvelEvtSubject.h"
 #include "morlan/morlan_inspect.h"
 #include "mvlayer/Binders.h"
 #include "ral/ral_inspect.h"
+#include "sdo/SDOProxy.h"
 #include "support/CLogger.h"
 
 namespace
@@ -13,6 +16,7 @@ namespace
 constexpr unsigned int NONE = 0xFFFFFFFF;
 
 struct Observer : CMarvelEvtObserver {
+    using CMarvelEvtObserver::m_pfnTakeAction;
     short generateActionCommand(unsigned alert, unsigned type, unsigned global, unsigned index,
                                 unsigned device) override
     {
@@ -133,6 +137,38 @@ TEST_F(ObserverTest, SendsABatchUnderThePropertiesThatNameTheObjects)
     EXPECT_EQ(messages(),
               Lines{"ZARNEK:CMarvelEvtObserver::createNexus(): Object Type didn't match. Not able to "
                     "create Nexus for the Object Type: 770"});
+}
+
+struct Subject : CMarvelEvtSubject {
+    using CMarvelEvtSubject::m_pfnNotify;
+    using CMarvelEvtSubject::m_pObserver;
+};
+
+short sevenFor(ICommand& /*command*/)
+{
+    return 7;
+}
+
+TEST_F(ObserverTest, IsRegisteredAndSaysWhereCommandsGo)
+{
+    struct Command : ICommand {
+    } command;
+    Subject subject;
+    Observer first, second;
+    first.IEvtObserver::getAssociatedWith(&subject, sevenFor);
+    EXPECT_EQ(subject.m_pObserver, &first);
+    EXPECT_EQ(subject.m_pfnNotify, &IEvtObserver::updateMyself);
+    static_cast<IEvtObserver&>(second) = first;
+    EXPECT_EQ(second.m_pfnTakeAction, nullptr);
+    second = first;
+    EXPECT_EQ(second.dispatchCommand(command), 7);
+    first.CMarvelEvtObserver::getAssociatedWith(&subject, sevenFor);
+    EXPECT_EQ(subject.m_pObserver, CMarvelEvtObserver::getUniqueInstance());
+    EXPECT_EQ(subject.m_pfnNotify, nullptr) << "the subject calls it directly";
+    stg::SDOProxy proxy;
+    ral_fail_call("RalSendNotification", 1, 1, 0x10005);
+    EXPECT_EQ(first.sendAlert(proxy), 5);
+    EXPECT_EQ(CMarvelEvtObserver::destroyMe() + CMarvelEvtObserver::destroyMe(), 0);
 }
 
 } // namespace
