@@ -82,7 +82,7 @@ TEST(Discover, tellsBadInputAndFailuresInOneClearLine)
     state.folder.write("no-library.so", "text");
     const auto inFolder = [&state](const char* name) { return state.folder.path(name); };
     const struct {
-        std::string library; // the vendor's, in the private INI
+        std::string vendorLibrary; // in the private INI
         Words arguments;
         int status;
         std::string message;
@@ -103,7 +103,7 @@ TEST(Discover, tellsBadInputAndFailuresInOneClearLine)
     ASSERT_EQ(state.run({"check"}).status, 0);
     for (const auto& row : rows) {
         state.folder.write("state/zarnek/private.ini",
-                           "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=" + row.library + "\n");
+                           "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=" + row.vendorLibrary + "\n");
         const ProgramResult result = state.run(joined({"discover"}, row.arguments));
         EXPECT_EQ(result.status, row.status) << row.message;
         EXPECT_EQ(result.out.empty(), row.status == 3) << row.message;
