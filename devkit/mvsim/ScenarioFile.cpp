@@ -4,8 +4,10 @@
 #include "mvsim/ScenarioReader.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <set>
+#include <system_error>
 
 namespace mvsim
 {
@@ -16,13 +18,16 @@ namespace
 std::string readWhole(const std::string& file)
 {
     std::string text;
+    std::error_code error;
     switch (devkit::readFile(file, text)) {
     case devkit::FileRead::DONE:
         return text;
     case devkit::FileRead::MISSING:
         throw FormatError("", "a scenario file", "no file of that name");
     default:
-        throw FormatError("", "a scenario file", "something that cannot be read");
+        throw FormatError("", "a scenario file",
+                          std::filesystem::is_directory(file, error) ? "a folder"
+                                                                     : "something that cannot be read");
     }
 }
 

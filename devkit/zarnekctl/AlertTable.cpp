@@ -27,7 +27,7 @@ constexpr AlertRow rows[] = {
     {2094, Health::Warning, "disk failure predicted"},
     {2098, Health::Good, "disk assigned as a spare"},
     {2099, Health::Warning, "spare takes over"},
-    {2158, Health::Good, "disk online"},
+    {2158, Health::Good, "disk inserted or online"},
 };
 
 } // namespace

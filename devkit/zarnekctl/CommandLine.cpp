@@ -19,8 +19,8 @@ namespace
 {
 
 constexpr const char* epilogue =
-    "Exit status: 0 done; 1 the plug-in or the vendor library failed; 2 wrong usage;\n"
-    "3 bad input.";
+    "Exit status: 0 done; 1 the plug-in or the vendor library failed, or the output\n"
+    "could not be written; 2 wrong usage; 3 bad input.";
 constexpr std::size_t helpWidth = 80;
 constexpr std::size_t helpNameWidth = 22;
 
@@ -102,13 +102,17 @@ struct OptionAdder {
 
     CLI::Option* operator()(std::optional<std::string> Options::*field) const
     {
-        return add([&target = options, field](const std::string& text) { target.*field = text; });
+        const std::string expected = row.argument == std::string("DIR") ? "a folder" : "a file";
+        return addChecked([&target = options, field](const std::string& text) { target.*field = text; },
+                          [](const std::string& text) { return !text.empty(); }, expected);
     }
 
     CLI::Option* operator()(std::optional<unsigned int> Options::*field) const
     {
         const unsigned int least = field == &Options::polls ? 1 : 0;
-        return addNumber(field, "a whole number", least, std::numeric_limits<unsigned int>::max());
+        const unsigned int most = field == &Options::globalNumber ? highestFirstController
+                                                                  : std::numeric_limits<unsigned int>::max();
+        return addNumber(field, "a whole number", least, most);
     }
 
     CLI::Option* operator()(std::optional<double> Options::*field) const

@@ -6,6 +6,8 @@
 #include "zarnekctl/Text.h"
 
 #include <algorithm>
+#include <system_error>
+#include <unistd.h>
 
 namespace zarnekctl
 {
@@ -17,15 +19,23 @@ Findings checkMappingFile(const std::filesystem::path& path)
 {
     const auto file = MappingFile::read(path);
     if (!file)
-        return {{1, Effect::NoMonitoring, "the file cannot be read",
-                 "put it there; a first run without --config makes one"}};
-    return MappingCheck(*file).run();
+        return {{1, Effect::NoMonitoring, "the file cannot be read", putTheFileThere}};
+    Findings findings = MappingCheck(*file).run();
+    // The file is replaced, so that the right to write into its folder counts.
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::canonical(path, error).parent_path();
+    if (access(folder.c_str(), W_OK) != 0)
+        findings.push_back({1, Effect::Repetition,
+                            "the folder cannot be written, so that the sequence number is not kept and the "
+                            "next run tells the same alerts again",
+                            "give yourself the right to write there, or name another folder with --config"});
+    return findings;
 }
 
 } // namespace
 
-ConfigCheck::ConfigCheck(const ConfigFolder& config)
-    : m_files{{config.privateIni().string(), checkPrivateIni(config.privateIni())},
+ConfigCheck::ConfigCheck(const ConfigFolder& config, const std::filesystem::path& libraryFolder)
+    : m_files{{config.privateIni().string(), checkPrivateIni(config.privateIni(), libraryFolder)},
               {config.mapping().string(), checkMappingFile(config.mapping())}}
 {
 }

@@ -14,7 +14,8 @@ namespace zarnekctl
 class ConfigCheck
 {
   public:
-    explicit ConfigCheck(const ConfigFolder& config);
+    // The vendor library is tried too, in this folder first; not when the folder is empty.
+    explicit ConfigCheck(const ConfigFolder& config, const std::filesystem::path& libraryFolder = {});
 
     // The findings as lines, the private INI's first; those alone that are at least as bad as `atLeast`.
     std::vector<std::string> lines(Effect atLeast = Effect::Surprise) const;

@@ -80,10 +80,10 @@ EngineHost::EngineHost(const Options& options, const Installation& installation,
     morlan_set_install_path(config.path().c_str());
     morlan_set_private_ini(config.privateIni().c_str());
     morlan_set_debug_sink(addToLog, &m_log);
-    const fs::path plugin = options.plugin ? fs::path(*options.plugin) : installation.plugin();
+    const fs::path plugin = installation.plugin(options.plugin);
     m_plugin.emplace(plugin, m_trace);
     // The plug-in opens the vendor library by name at its first command, and then gets this one.
-    m_vendorLibrary.emplace(vendorLibraryName(), fs::absolute(plugin).parent_path());
+    m_vendorLibrary.emplace(vendorLibraryName(), plugin.parent_path());
     chooseSource(options, installation, config, defaultScenario);
     if (m_trace.isOn())
         traceCalls();
@@ -157,6 +157,8 @@ void EngineHost::discover(unsigned int globalNumber)
 {
     void* total = &m_controllersFound;
     send(ControlCommand::Discover, &globalNumber, &total);
+    const Refusals refusals = takeRefusals();
+    m_refusedCalls = refusals.count == 0 ? "" : describe(refusals);
 }
 
 void EngineHost::startMonitoring()
@@ -183,6 +185,7 @@ System EngineHost::system() const
     System system = readSystem();
     system.source = m_source;
     system.controllersFound = m_controllersFound;
+    system.refusedCalls = m_refusedCalls;
     return system;
 }
 
@@ -200,6 +203,9 @@ void EngineHost::requireComplete(const System& system) const
                       "only " + std::to_string(arrived) + " of " + counted(m_controllersFound, "controller") +
                           " arrived in the data engine",
                       m_log.lastLines());
+    if (!system.refusedCalls.empty())
+        throw Failure(ExitStatus::PluginFailed, "the vendor library refused " + system.refusedCalls +
+                                                    "; what they would have told is missing");
 }
 
 } // namespace zarnekctl

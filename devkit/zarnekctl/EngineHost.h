@@ -38,10 +38,12 @@ class EngineHost
     void stopMonitoring();
     void terminate();
 
-    // What the data engine holds now, with source and controller count.
+    // What the data engine holds now, with source, controller count and what `discover` was refused.
     System system() const;
-    // Throws Failure (PluginFailed) when controllers that the vendor library has are not in `system`.
+    // Throws Failure (PluginFailed) when something that the vendor library has cannot be in `system`.
     void requireComplete(const System& system) const;
+    // What the vendor library refused since the discovery or the last look.
+    Refusals takeRefusals() { return m_log.takeRefusals(); }
 
     Trace& trace() { return m_trace; }
     const DebugLog& log() const { return m_log; }
@@ -61,6 +63,7 @@ class EngineHost
     std::string m_source;
     bool m_playsScenario = false;
     unsigned int m_controllersFound = 0;
+    std::string m_refusedCalls;
 };
 
 } // namespace zarnekctl

@@ -9,7 +9,7 @@ namespace zarnekctl
 
 std::string Finding::text(const std::string& file) const
 {
-    const char* severity = effect == Effect::Surprise ? "warning" : "error";
+    const char* severity = effect < Effect::NoMonitoring ? "warning" : "error";
     return file + ":" + std::to_string(line) + ": " + severity + ": " + escaped(what) + "; " +
            escaped(remedy);
 }

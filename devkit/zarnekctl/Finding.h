@@ -12,6 +12,7 @@ namespace zarnekctl
 // What becomes of a run with it.
 enum class Effect {
     Surprise,     // it works, but not as the line seems to say
+    Repetition,   // the next run tells the same alerts again
     NoMonitoring, // no alert would arrive, or the event thread would end the process
     NoDiscovery   // not even discovery would work
 };
@@ -27,6 +28,9 @@ struct Finding {
 };
 
 using Findings = std::vector<Finding>;
+
+// The remedy for a missing file.
+constexpr const char* putTheFileThere = "run `zarnekctl discover` with this folder once, which puts it there";
 
 // By line, in the order found where the line is the same.
 void sortByLine(Findings& findings);

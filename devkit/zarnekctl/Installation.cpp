@@ -46,8 +46,10 @@ Installation Installation::ofThisProgram()
     return Installation(executable);
 }
 
-fs::path Installation::plugin() const
+fs::path Installation::plugin(const std::optional<std::string>& named) const
 {
+    if (named)
+        return fs::absolute(*named);
     const auto found = firstFile({m_prefix / "lib" / pluginName,
                                   m_prefix / ZARNEKCTL_INSTALL_LIBDIR / pluginName, m_folder / pluginName});
     if (!found)

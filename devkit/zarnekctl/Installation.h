@@ -17,9 +17,9 @@ class Installation
     explicit Installation(const std::filesystem::path& executable);
     static Installation ofThisProgram();
 
-    // The plug-in beside the program or in the neighbouring library folder. Throws Failure (BadInput) when
-    // there is none.
-    std::filesystem::path plugin() const;
+    // The plug-in's file as a path from the root: the named one, otherwise that beside the program or in the
+    // neighbouring library folder. Throws Failure (BadInput) when none is named and none is there.
+    std::filesystem::path plugin(const std::optional<std::string>& named) const;
     // A configuration file as shipped. Throws Failure (BadInput).
     std::filesystem::path shippedConfig(const std::string& name) const;
     // A shipped scenario by file name, with or without its ".json".

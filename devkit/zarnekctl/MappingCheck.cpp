@@ -15,6 +15,9 @@ using LineKind = MappingFile::LineKind;
 
 constexpr const char* mappingSections[] = {"Adapter", "PhysicalDevice", "VirtualDevice"};
 constexpr unsigned long highestEventCode = 65535; // event codes have 16 bits
+constexpr std::uint32_t highestSequence = MappingFile::noNumber - 1;
+constexpr std::uint32_t fewEvents = 1000000; // before their numbers end
+constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
 
 std::string lowered(std::string text)
 {
@@ -71,6 +74,11 @@ Findings MappingCheck::run()
     m_firstLines.clear();
     m_carriageReturnTold = false;
     for (const Line& line : m_file.lines()) {
+        if (line.number == 1 && line.raw.rfind(byteOrderMark, 0) == 0) {
+            add(1, Effect::Surprise, "a byte-order mark makes this line other than it looks",
+                "save the file as UTF-8 without one");
+            continue;
+        }
         if (line.kind == LineKind::Fatal) {
             checkFatal(line);
             continue;
@@ -179,15 +187,20 @@ void MappingCheck::checkSequenceNumber()
             "write SequenceNumber=0 below [EventSequenceNumber]");
         return;
     }
-    if (MappingFile::numberOf(line->value) == MappingFile::noNumber)
+    const std::uint32_t number = MappingFile::numberOf(line->value);
+    if (number == MappingFile::noNumber)
         add(line->number, Effect::NoMonitoring,
             "the sequence number 4294967295 reads like a missing one, so that no alert would ever pass",
             "write the number of the last event seen, or 0");
     else if (!isDigits(line->value))
         add(line->number, Effect::Surprise,
-            "the sequence number \"" + line->value + "\" reads as " +
-                std::to_string(MappingFile::numberOf(line->value)),
+            "the sequence number \"" + line->value + "\" reads as " + std::to_string(number),
             "write a decimal number");
+    else if (highestSequence - number < fewEvents)
+        add(line->number, Effect::Surprise,
+            "only " + std::to_string(highestSequence - number) +
+                " more events can pass, since their numbers end at 4294967294",
+            "write the number of the last event seen, or 0");
 }
 
 void MappingCheck::checkThatSomethingIsMapped()

@@ -89,6 +89,7 @@ void MonitorJournal::notification(const Object& object)
     }
     matchEvent(alert);
     ++m_counts.alerts;
+    m_counts.lastSequence = alert.sequence.value_or(m_counts.lastSequence);
     if (m_printer != nullptr)
         m_printer->alert(alert);
 }

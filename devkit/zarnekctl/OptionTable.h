@@ -34,6 +34,9 @@ struct OptionRow {
     const char* help;
 };
 
+// Numbers of controllers end at 4294967294, and an adapter's index has a byte.
+constexpr unsigned int highestFirstController = 4294967294U - 255;
+
 const CommandRow* commandRows(std::size_t& count);
 const OptionRow* optionRows(std::size_t& count);
 bool belongsTo(const OptionRow& row, Command command);

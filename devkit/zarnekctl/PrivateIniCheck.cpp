@@ -2,6 +2,8 @@
 
 #include "morlan.h"
 #include "morlan/morlan_inspect.h"
+#include "zarnekctl/Failure.h"
+#include "zarnekctl/VendorLibrary.h"
 
 #include <array>
 #include <cstdlib>
@@ -80,7 +82,23 @@ class Places
     std::map<std::string, std::size_t> m_sections;
 };
 
-void checkLibraryName(const Places& places, const std::string& key, Findings& findings)
+void tryLibrary(const std::string& name, const std::filesystem::path& folder, std::size_t line,
+                Findings& findings)
+{
+    try {
+        if (!VendorLibrary(name, folder).canCountAdapters())
+            findings.push_back({line, Effect::NoMonitoring,
+                                "the vendor library " + name +
+                                    " has no MV_Adapter_GetCount, so that the plug-in finds nothing",
+                                "install a complete one"});
+    } catch (const Failure& failure) {
+        findings.push_back(
+            {line, Effect::NoDiscovery, failure.what(), "correct its name, or put it beside the plug-in"});
+    }
+}
+
+void checkLibrary(const Places& places, const std::string& key, const std::filesystem::path& folder,
+                  Findings& findings)
 {
     const auto name = privateIniValue(vendorLibrarySection, key);
     const std::size_t line = places.lineOf(vendorLibrarySection, key);
@@ -96,6 +114,8 @@ void checkLibraryName(const Places& places, const std::string& key, Findings& fi
                "use a name of at most 31 characters");
     else if (name->size() > 3 && name->compare(name->size() - 3, 3, ".so") == 0)
         refuse("the vendor library's name ends in .so, which is added once more", "leave the .so away");
+    else if (!folder.empty())
+        tryLibrary(*name, folder, line, findings);
 }
 
 } // namespace
@@ -109,14 +129,13 @@ std::optional<std::string> privateIniValue(const std::string& section, const std
     return std::string(buffer.data());
 }
 
-Findings checkPrivateIni(const std::filesystem::path& file)
+Findings checkPrivateIni(const std::filesystem::path& file, const std::filesystem::path& libraryFolder)
 {
     Findings findings;
     std::ifstream stream(file);
     std::error_code error;
     if (!stream || !std::filesystem::is_regular_file(file, error)) {
-        findings.push_back({1, Effect::NoDiscovery, "the file cannot be read",
-                            "put it there; a first run without --config makes one"});
+        findings.push_back({1, Effect::NoDiscovery, "the file cannot be read", putTheFileThere});
         return findings;
     }
     morlan_set_private_ini(file.c_str());
@@ -129,7 +148,7 @@ Findings checkPrivateIni(const std::filesystem::path& file)
                             id ? "the vendor id \"" + *id + "\" is not the number of the one known vendor"
                                : "the vendor id is missing",
                             "write Marvell=9 below [VendorID]"});
-    checkLibraryName(places, libraryKey, findings);
+    checkLibrary(places, libraryKey, libraryFolder, findings);
 
     for (const auto& [place, line] : places.keys()) {
         const bool isRead = place.first == vendorIdSection        ? place.second == vendorIdKey

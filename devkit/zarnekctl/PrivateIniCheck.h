@@ -12,8 +12,9 @@ namespace zarnekctl
 {
 
 // All findings, by line. The values are those that the support library reads from `file`; it is left with
-// that file as its private INI.
-Findings checkPrivateIni(const std::filesystem::path& file);
+// that file as its private INI. The vendor library that it names is opened, in `libraryFolder` or wherever
+// the loader finds it; not when the folder is empty.
+Findings checkPrivateIni(const std::filesystem::path& file, const std::filesystem::path& libraryFolder);
 
 // One value of the support library's private INI; nothing when the key is missing.
 std::optional<std::string> privateIniValue(const std::string& section, const std::string& key);

@@ -1,4 +1,5 @@
-// SIGINT and SIGTERM as something to wait for, so that a stop comes at a moment of the host's choosing.
+// SIGINT, SIGTERM and SIGHUP as something to wait for, so that a stop comes at a moment of the host's
+// choosing.
 #ifndef ZARNEKCTL_STOP_SIGNALS_H
 #define ZARNEKCTL_STOP_SIGNALS_H
 
@@ -11,8 +12,9 @@ class StopSignals
 {
   public:
     // From here on the signals wait, in this thread and in those started later. They go on waiting when this
-    // goes, so that a second Ctrl-C does not cut short what the first one began. A reader that goes away no
-    // longer ends the process either; the output fails instead.
+    // goes, so that a second Ctrl-C does not cut short what the first one began. A hang-up that is ignored,
+    // as under nohup, stays so. A reader that goes away no longer ends the process either; the output fails
+    // instead.
     StopSignals();
 
     // Until one of them has come, also one that came before.

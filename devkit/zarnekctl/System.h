@@ -22,6 +22,7 @@ struct Node {
 struct System {
     std::string source;                // where it came from, in words
     unsigned int controllersFound = 0; // what the plug-in reported
+    std::string refusedCalls;          // of the vendor library, in words; empty when none
     std::vector<Node> nodes;           // in the order of first insertion, incomplete objects last
 
     // Indexes of the nodes of this kind below `parent` (-1: at the top), in order; incomplete ones left out.
@@ -29,7 +30,7 @@ struct System {
     std::size_t count(ObjectKind kind) const; // incomplete objects left out
 };
 
-// What the data engine in this process holds now; `source` and `controllersFound` are left to the caller.
+// What the data engine in this process holds now; all but the nodes is left to the caller.
 System readSystem();
 
 } // namespace zarnekctl

@@ -120,6 +120,14 @@ std::vector<Columns::Cell> virtualDiskCells(const System& system, const Node& no
             {linkText(system, node)}};
 }
 
+// Whether something came, nothing was refused, and each object arrived with all that names it.
+bool isToldWhole(const System& system)
+{
+    return !system.nodes.empty() && system.refusedCalls.empty() &&
+           std::none_of(system.nodes.begin(), system.nodes.end(),
+                        [](const Node& node) { return node.incomplete; });
+}
+
 } // namespace
 
 void TreePrinter::print(const System& system, std::ostream& out) const
@@ -186,7 +194,7 @@ void TreePrinter::printLoose(const System& system, std::ostream& out) const
         titled = true;
         out << "   " << node.object.fullName();
         if (node.incomplete)
-            out << ": no identity, " << counted(node.object.properties.size(), "property value");
+            out << ": arrived without an identity, with " << counted(node.object.properties.size(), "value");
         out << '\n';
     }
 }
@@ -200,16 +208,26 @@ void TreePrinter::printCensus(const System& system, std::ostream& out) const
         << counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
     Columns columns;
     bool any = false;
+    std::size_t unknown = 0;
     for (const Node& node : system.nodes) {
+        if (node.incomplete)
+            continue;
         const Health health = healthOf(node.object);
-        if (node.incomplete || (health != Health::Warning && health != Health::Critical))
+        unknown += health == Health::Unknown ? 1 : 0;
+        if (health != Health::Warning && health != Health::Critical)
             continue;
         any = true;
         columns.add("   ", {{node.object.fullName()},
                             {cell(node.object, SSPROP_STATE_U32, m_style), health},
                             {cell(node.object, SSPROP_STATUS_U32, m_style), health}});
     }
-    out << (any ? "; need attention:\n" : system.nodes.empty() ? "\n" : "; none reports trouble\n");
+    if (unknown != 0)
+        out << "; " << unknown << " of unknown status";
+    if (any)
+        out << "; need attention:";
+    else if (isToldWhole(system)) // otherwise silence says nothing
+        out << "; none reports trouble";
+    out << '\n';
     columns.print(out, m_style);
 }
 

@@ -30,10 +30,8 @@ VendorLibrary::VendorLibrary(const std::string& name, const std::filesystem::pat
     void* library = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
     if (library == nullptr) {
         const char* reason = dlerror();
-        throw Failure(
-            ExitStatus::BadInput,
-            "cannot open the vendor library: " + std::string(reason == nullptr ? path.c_str() : reason) +
-                "; correct its name in private.ini or put it beside the plug-in");
+        throw Failure(ExitStatus::BadInput, "cannot open the vendor library: " +
+                                                std::string(reason == nullptr ? path.c_str() : reason));
     }
     m_canCountAdapters = dlsym(library, "MV_Adapter_GetCount") != nullptr;
     const bool complete = resolve(library, "mvsim_load_scenario", m_loadScenario) &&

@@ -4,6 +4,8 @@
 #include "zarnekctl/Failure.h"
 
 #include <iostream>
+#include <poll.h>
+#include <unistd.h>
 
 namespace
 {
@@ -22,6 +24,18 @@ zarnekctl::ExitStatus run(const zarnekctl::Options& options)
     return checkCommand(options, installation);
 }
 
+// Whether all of standard output went out; says so if not, unless its reader went away.
+bool isOutputWhole()
+{
+    if (std::cout.flush())
+        return true;
+    pollfd output{STDOUT_FILENO, 0, 0};
+    const bool readerWent = poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+    if (!readerWent)
+        std::cerr << "zarnekctl: standard output could not be written; what it shows is cut short\n";
+    return readerWent;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -31,8 +45,7 @@ int main(int argc, char** argv)
         zarnekctl::Options options;
         const auto finished = zarnekctl::parseCommandLine(argc, argv, options);
         const ExitStatus status = finished ? *finished : run(options);
-        std::cout << std::flush;
-        return zarnekctl::exitCode(status);
+        return zarnekctl::exitCode(isOutputWhole() ? status : ExitStatus::PluginFailed);
     } catch (const zarnekctl::Failure& failure) {
         std::cout << std::flush;
         std::cerr << "zarnekctl: " << failure.what() << '\n';

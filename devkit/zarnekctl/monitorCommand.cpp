@@ -136,6 +136,24 @@ MonitorStart startRecord(const System& system, double interval, unsigned int pol
     return start;
 }
 
+// Events that cannot be read would otherwise look like a quiet system.
+void tellRefusals(EngineHost& host)
+{
+    const Refusals refusals = host.takeRefusals();
+    if (refusals.count != 0)
+        std::cerr << "zarnekctl: in poll " << PollClock::instance().polls() + 1 // the one that ends
+                  << " the vendor library refused " << describe(refusals) << '\n';
+}
+
+// What an earlier run told counts as old by the number in the file, so one that did not get there matters.
+void tellLostSequence(const MonitorSummary& summary, std::uint32_t initial, const ConfigFolder& config)
+{
+    if (summary.lastSequence > initial && summary.sequence != summary.lastSequence)
+        std::cerr << "zarnekctl: " << config.mapping().string() << ": the sequence number "
+                  << summary.lastSequence << " could not be written, so that the next run tells the same "
+                  << "alerts again; make file and folder writable\n";
+}
+
 // From the start of monitoring to its stop. 25 goes out while the event thread sleeps: both threads log
 // without a lock.
 void poll(EngineHost& host, MonitorJournal& journal, const StopSignals& signals, double interval,
@@ -144,6 +162,7 @@ void poll(EngineHost& host, MonitorJournal& journal, const StopSignals& signals,
     PollClock& clock = PollClock::instance();
     const auto onPause = [&journal, &host](unsigned int seconds) {
         journal.pollEnd();
+        tellRefusals(host);
         host.trace().line("sys", "sleep(" + std::to_string(seconds) + ")");
         if (!std::cout) // nobody reads it any more
             StopSignals::request();
@@ -164,9 +183,13 @@ ExitStatus monitorCommand(const Options& options, const Installation& installati
     std::set_terminate(explainEnd);
     const ConfigFolder config(options.config);
     config.prepare(installation);
-    ConfigCheck(config).refuse(Effect::NoMonitoring);
+    const ConfigCheck check(config, installation.plugin(options.plugin).parent_path());
+    check.refuse(Effect::NoMonitoring);
+    for (const std::string& line : check.lines(Effect::Repetition))
+        std::cerr << "zarnekctl: " << line << '\n';
 
     EngineHost host(options, installation, config, "disk-failure");
+    const auto initial = MappingFile::read(config.mapping());
     const double interval = options.interval.value_or(host.playsScenario() ? scenarioInterval : liveInterval);
     const unsigned int lastPoll = host.vendorLibrary().lastPoll();
     const unsigned int polls = options.polls.value_or(host.playsScenario() ? lastPoll + 1 : 0);
@@ -199,6 +222,7 @@ ExitStatus monitorCommand(const Options& options, const Installation& installati
     summary.sequence = mapping ? mapping->sequenceNumber() : MappingFile::noNumber;
     if (printer)
         printer->summary(summary);
+    tellLostSequence(summary, initial ? initial->sequenceNumber() : MappingFile::noNumber, config);
     host.requireComplete(system);
     return ExitStatus::Done;
 }

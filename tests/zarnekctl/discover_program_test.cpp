@@ -47,7 +47,8 @@ TEST(Discover, findsWhatItIsGivenToLookAt)
         std::string census;
     } rows[] = {
         {{"--scenario", "small-server"}, "\n1 controller, 2 disks, 1 virtual disk; none reports trouble\n"},
-        {{"--scenario", "disk-failure.json"}, "\n1 controller, 3 disks, 1 virtual disk; none"},
+        {{"--scenario", "disk-failure.json"},
+         "\n1 controller, 3 disks, 1 virtual disk; 1 of unknown status; none"},
         {{"--scenario", "extremes"}, "\n5 controllers, "},
         {{"--scenario", state.folder.path("empty.json")}, "0 controllers, 0 disks, 0 virtual disks\n"},
         {{"--scenario", state.folder.path("empty.json"), "--format", "json"}, "\"objects\": []\n"},
@@ -79,6 +80,8 @@ TEST(Discover, tellsBadInputAndFailuresInOneClearLine)
     state.folder.write("broken.json", "{\"format\": 1,\n");
     state.folder.write("half.json", R"({"format": 1, "name": "one of two fails", "adapters": [
         {"slot": 1, "maxBufferKB": 64, "fail": {"MV_Adapter_Get_OEM_Data": 1}}, {"slot": 2, "maxBufferKB": 64}]})");
+    state.folder.write("refused.json", R"({"format": 1, "name": "rescanning", "adapters": [
+        {"slot": 1, "maxBufferKB": 64, "fail": {"MV_PD_GetConfig": 187}}]})");
     state.folder.write("no-library.so", "text");
     const auto inFolder = [&state](const char* name) { return state.folder.path(name); };
     const struct {
@@ -99,6 +102,10 @@ TEST(Discover, tellsBadInputAndFailuresInOneClearLine)
         {"libpld_sm_queue", {}, 1, "has no MV_Adapter_GetCount"},
         {"", {}, 3, "private.ini:4: error: the vendor library has no name"},
         {"libmvsim", {"--scenario", inFolder("half.json")}, 1, "in the data engine\n  ZARNEK:"},
+        {"libmvsim",
+         {"--scenario", inFolder("refused.json")},
+         1,
+         "library refused 1 call: ERR_RESCANING; what"},
     };
     ASSERT_EQ(state.run({"check"}).status, 0);
     for (const auto& row : rows) {

@@ -70,7 +70,7 @@ TEST(Monitor, stopsAfterThePollsAskedForAndGoesOnFromThere)
 // Were the pause not cut short, it would outlast the time that a test has.
 TEST(Monitor, aSignalCutsALongPauseShortAndWritesTheNumber)
 {
-    for (const int number : {SIGINT, SIGTERM}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         const ProgramState state;
         RunningProgram program = state.start(story("600", {"--polls", "9"}));
         ASSERT_TRUE(program.waitForOutput("\"alert\""));
@@ -133,6 +133,27 @@ TEST(Monitor, aReaderThatGoesAwayStopsTheRunWithItsNumberWritten)
     for (int wait = 0; wait < 1000 && state.mapping().find("SequenceNumber=0") != std::string::npos; ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_THAT(state.mapping(), testing::ContainsRegex("SequenceNumber=[1-9]"));
+}
+
+TEST(Monitor, tellsOfANumberThatCouldNotBeWritten)
+{
+    const ProgramState state;
+    RunningProgram program = state.start(story("600"));
+    ASSERT_TRUE(program.waitForOutput("\"alert\""));
+    std::filesystem::remove_all(state.folder.path("state"));
+    program.signal(SIGTERM);
+    EXPECT_THAT(program.finish().err,
+                HasSubstr("AlertMapping.ini: the sequence number 1 could not be written"));
+}
+
+TEST(Monitor, tellsWhatTheVendorLibraryRefuses)
+{
+    const ProgramState state;
+    state.folder.write("blind.json", R"({"format": 1, "name": "no events can be read", "adapters": [
+        {"slot": 1, "maxBufferKB": 64, "fail": {"MV_EVT_GetEvent": {"status": 1, "from": 2}}}]})");
+    const ProgramResult result = state.run(
+        {"monitor", "--scenario", state.folder.path("blind.json"), "--polls", "2", "--interval", "0"});
+    EXPECT_EQ(result.err, "zarnekctl: in poll 2 the vendor library refused 1 call: ERR_FAIL\n");
 }
 
 TEST(Monitor, withoutAControllerThereIsNothingToMonitor)

@@ -110,7 +110,7 @@ TEST(Printers, showWhatHasNoPlaceInTheTree)
                 HasSubstr("|- 1 disk\n|  `- disk 1  failed  critical  -  code 77  -  not known  -  -\n"));
     EXPECT_THAT(tree, HasSubstr("  linked with disks 1-2, disk 7\n"));
     EXPECT_THAT(tree, HasSubstr("outside the tree\n   disk 2 on controller 5\n"
-                                "   disk 7 on controller ?: no identity, 1 property value\n"));
+                                "   disk 7 on controller ?: arrived without an identity, with 1 value\n"));
     EXPECT_THAT(printed(TablePrinter(Style{}), system), testing::ContainsRegex("\ndisk 2 .*\n[?] disk 7\n$"));
     EXPECT_THAT(printed(DotPrinter(), system),
                 HasSubstr("=gray90, label=\"disk 7\"];\n  n0 -> n1;\n  n0 -> n3"));

@@ -3,7 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <regex>
+#include <sys/wait.h>
 
 using testing::HasSubstr;
 
@@ -27,7 +29,8 @@ TEST(Usage, exitStatusTwoAndOneLineForWhatIsNoCommandLine)
         {{"monitor", "--interval", "1s"}, "--interval: expected a number of seconds from 0 to 86400, found"},
         {{"monitor", "--interval", "-1"}, "--interval: expected a number of seconds from 0 to 86400, found"},
         {{"discover", "--global-number", "-1"}, "--global-number: expected a whole number from 0 to 42949"},
-        {{"discover", "--global-number", "4294967296"}, "--global-number: expected a whole number from 0"},
+        {{"discover", "--global-number", "4294967040"}, "--global-number: expected a whole number from 0"},
+        {{"discover", "--config", ""}, "--config: expected a folder, found \"\""},
     };
     const ProgramState state;
     for (const auto& [arguments, message] : rows) {
@@ -51,6 +54,14 @@ TEST(Usage, helpAndVersionGoToStandardOutput)
     EXPECT_THAT(state.run({"--version"}).out, testing::MatchesRegex("zarnekctl [0-9.]+\n"));
 }
 
+TEST(Usage, outputThatIsLostIsNoSuccess)
+{
+    for (const char* target : {"/dev/full", "&-"}) {
+        const std::string command = std::string(ZARNEKCTL_PROGRAM " --help >") + target + " 2>/dev/null";
+        EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1) << target;
+    }
+}
+
 TEST(Check, tellsFindingsAndWhetherMonitoringCouldWork)
 {
     const ProgramState state;
@@ -71,6 +82,13 @@ TEST(Check, tellsFindingsAndWhetherMonitoringCouldWork)
     EXPECT_EQ(state.run({"discover", "--scenario", "small-server"}).status, 0);
     state.setMapping("\n \n" + mapping);
     EXPECT_EQ(state.run({"discover", "--scenario", "small-server"}).status, 3);
+
+    state.setMapping(mapping);
+    state.folder.write("state/zarnek/private.ini",
+                       "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=libnowhere\n");
+    const ProgramResult noLibrary = state.run({"check"});
+    EXPECT_EQ(noLibrary.status, 3);
+    EXPECT_THAT(noLibrary.out, HasSubstr("private.ini:4: error: cannot open the vendor library: libnowhere"));
 
     // A folder that is named is looked at as it is.
     const ProgramResult empty = state.run({"check", "--config", state.folder.path("nowhere")});
