@@ -34,7 +34,8 @@ void put(Record& record, std::size_t offset, std::size_t width, std::uint64_t va
     put(record, offset, std::string(reinterpret_cast<const char*>(&value), width));
 }
 
-// Each row, a name, tag and property: what the class's table says, a copy's default, assignment from a map.
+// Each row, a name, tag and property: what the class's table says, a copy's default, assignment from a map
+// and a copy of what was assigned.
 template <class Object, class ValuesOf>
 void checkAttributes(const std::string& rows, const stg::AttribTypeMap& table, ValuesOf valuesOf)
 {
@@ -50,19 +51,21 @@ void checkAttributes(const std::string& rows, const stg::AttribTypeMap& table, V
         void* const other = others.try_emplace(tag, &number).first->second;
         stg::AttribValMap given{{name, other}, {"m_Unheard", nullptr}};
         Object object;
-        Object copied(object);
+        Object unset(object);
         const bool isMask = tag == "BINARY_DATA_TYPE";
         if (isMask || tag == "UNSIGNED_INTEGER") {
-            EXPECT_EQ(numbers(*valuesOf(copied), name), isMask ? "0 " : "4294967295 ") << name;
+            EXPECT_EQ(numbers(*valuesOf(unset), name), isMask ? "0 " : "4294967295 ") << name;
         }
         object = given;
         ASSERT_THAT(*valuesOf(object), testing::ElementsAre(testing::Key(name)));
-        const void* const value = valuesOf(object)->at(name);
-        if (tag != "VD_MEMBER_TYPE") {
+        Object copied(object);
+        for (const void* const value : {valuesOf(object)->at(name), valuesOf(copied)->at(name)}) {
             const unsigned char first = *static_cast<const unsigned char*>(other);
-            EXPECT_TRUE(tag == "STDSTR"       ? *static_cast<const std::string*>(value) == text
-                        : tag == "NEXUS_TYPE" ? *static_cast<const std::vector<unsigned int>*>(value) == nexus
-                                              : *static_cast<const unsigned char*>(value) == first)
+            EXPECT_TRUE(tag == "VD_MEMBER_TYPE" ||
+                        (tag == "STDSTR" ? *static_cast<const std::string*>(value) == text
+                         : tag == "NEXUS_TYPE"
+                             ? *static_cast<const std::vector<unsigned int>*>(value) == nexus
+                             : *static_cast<const unsigned char*>(value) == first))
                 << name;
         }
     }

@@ -32,19 +32,6 @@ TEST_F(DriveTest, KeepsItsAttributesByTheTable)
     EXPECT_EQ(CVirtualDevice().getVDBlockCount(), 65535);
 }
 
-TEST_F(DriveTest, OverwritesMembersInStep)
-{
-    CVirtualDevice drive;
-    drive.setPdInVdList({1});
-    EXPECT_TRUE(drive.getPdInVdList().empty());
-    *static_cast<std::list<unsigned int>*>(drive.getAttribValueMap()->at("m_PdInVdList")) = {1, 2, 3};
-    drive.setPdInVdList({7, 8});
-    EXPECT_THAT(drive.getPdInVdList(), ElementsAre(7, 8, 3));
-    drive.setPdInVdList({4, 5, 6, 9});
-    EXPECT_THAT(drive.getPdInVdList(), ElementsAre(4, 5, 6));
-    EXPECT_THAT(CVirtualDevice(drive).getPdInVdList(), ElementsAre(4, 5, 6));
-}
-
 // A virtual disk and what it is filled from.
 struct Filled : CMarvelVirtualDevice {
     using CMarvelVirtualDevice::operator=;
@@ -100,14 +87,14 @@ TEST_F(DriveTest, DecodesEveryCode)
     std::map<unsigned int, std::string> states{{0, "1 2"}, {1, "32 3"},       {3, "1048576 4"},
                                                {4, "8 4"}, {5, "0 3"},        {6, "0 3"},
                                                {7, "0 3"}, {10, "8388608 2"}, {15, "268435456 2"}};
-    for (const unsigned int code : {2, 8, 9, 11, 12, 13, 14, 255})
+    for (const unsigned int code : {2U, 8U, 9U, 11U, 12U, 13U, 14U, 255U})
         states[code] = "0 1";
     Filled reused;
     std::string level = "4294967295";
     for (unsigned int code = 0; code < 256; ++code) {
         Filled fresh;
         for (Filled* const drive : {&fresh, &reused}) {
-            for (const std::size_t field : {0x02, 0x06, 0x08})
+            for (const std::size_t field : {0x02U, 0x06U, 0x08U})
                 put(drive->info, field, 1, code);
             clear();
             drive->fill();
