@@ -1,8 +1,6 @@
 #include "common/PluginTest.h"
 #include "morlan/morlan_inspect.h"
-#include "vendor/CLibraryLoader.h"
 #include "vendor/CLibraryManager.h"
-#include "vendor/CLibraryManager_Helper.h"
 #include "vendor/CMarvellVendorLibrary.h"
 
 #include <cstdlib>
@@ -130,72 +128,22 @@ TEST_F(LibraryTest, ManagerKeepsALibraryThatSeesAController)
     unsetenv("MVSIM_SCENARIO");
 }
 
-TEST_F(LibraryTest, InitialisingTwiceAddsASecondLibrary)
+TEST_F(LibraryTest, TheFirstLibraryOfAVendorAnswers)
 {
-    loadAdapter("");
-    CLibraryManager* const manager = CLibraryManager::getUniqueInstance();
-    EXPECT_EQ(log().back(), "ZARNEK:CLibraryManager: getUniqueInstance() EXIT ");
-    EXPECT_EQ(manager->initializeLibrary() + manager->initializeLibrary(), 0);
-    EXPECT_EQ(manager->accessLibObjMultimap()->count(9), 2U);
-    EXPECT_FALSE(stg::CLibraryManager_Helper().checkControllerExistence(8, manager->getVendorLibInstance(9)));
-    EXPECT_EQ(CLibraryManager::destroyMe() + CLibraryManager::destroyMe(), 0)
-        << "harmless when there is none";
-    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 2U);
-}
-
-TEST_F(LibraryTest, LoaderWorksTheLastHalfOfItsListFromTheEnd)
-{
-    for (unsigned int count = 0; count <= 5; ++count) {
-        CLibraryLoader loader;
-        for (unsigned int vendor = 0; vendor < count; ++vendor) {
-            writeVendor("9", "libnone" + std::to_string(vendor));
-            loader.initializeLibLoader();
-        }
-        const unsigned int loads = morlan_call_count("SMLibLoad");
-        clear();
-        EXPECT_EQ(loader.createAllLibObjs(), 0);
-        EXPECT_EQ(morlan_call_count("SMLibLoad") - loads, count - count / 2);
-        EXPECT_EQ(loader.getVendorInfo().size(), count / 2);
-        EXPECT_EQ(log().back(), "ZARNEK:CLibraryLoader:setVendorInfo() EXIT ") << "the other function's name";
-        for (unsigned int vendor = count / 2; vendor < count; ++vendor)
-            EXPECT_THAT(messages(), Contains("ZARNEK:IVendorLibrary::loadLibrary(): loadLibrary => libnone" +
-                                             std::to_string(vendor) + ".so"));
-    }
-}
-
-TEST_F(LibraryTest, MapOperations)
-{
-    Library* libraries[4];
-    for (Library*& library : libraries) {
-        library = new Library("9", "libmvsim");
-        library->setLibHandle();
-    }
-    const auto& [first, other, second, update] = libraries;
     CLibraryManager manager;
-    CLibraryManager::LibraryMultimap& map = *manager.accessLibObjMultimap();
-    for (const auto& [id, library] :
-         {CLibraryManager::LibraryPair{9, first}, {8, other}, {9, second}, {3, nullptr}})
-        EXPECT_EQ(manager.insertIntoMap(id, library), 0);
+    auto* const first = new Library("9", "libmvsim");
+    first->setLibHandle();
+    manager.insertIntoMap(9, first);
+    manager.insertIntoMap(9, new Library("9", "libmvsim"));
+    manager.insertIntoMap(3, nullptr);
     clear();
     EXPECT_EQ(manager.getVendorLibInstance(9), first);
-    EXPECT_EQ(manager.getVendorLibInstance(4), nullptr);
-    for (const unsigned int unknown : {3U, 4U, 10U})
+    EXPECT_EQ(manager.getLibHandleforVendorID(9), first->getLibHandle());
+    for (const unsigned int unknown : {4U, 10U, 3U}) {
         EXPECT_EQ(manager.getLibHandleforVendorID(unknown), nullptr);
-    EXPECT_EQ(manager.getVendorLibInstance(3), nullptr);
+        EXPECT_EQ(manager.getVendorLibInstance(unknown), nullptr);
+    }
     EXPECT_EQ(messages(), Lines{"ZARNEK:CLibraryManager:getVendorLibInstance(): Dynamic Cast Failed."});
-
-    CLibraryManager::LibraryPair pair{9, update};
-    EXPECT_EQ(manager.cloneLibraryMultiMap(map) + manager.updateLibraryMultiMap(pair), 0);
-    EXPECT_EQ(map, (CLibraryManager::LibraryMultimap{{3, nullptr}, {8, other}, {9, update}}));
-    pair.first = 8;
-    EXPECT_EQ(manager.removeElementFromMap(pair), 0);
-    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 1U)
-        << "the first of the updated id, and none that was removed";
-    EXPECT_EQ(manager.removeAllElementsFromMap(), 0);
-    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 2U);
-    EXPECT_TRUE(map.empty());
-    delete other;
-    delete second;
 }
 
 } // namespace
