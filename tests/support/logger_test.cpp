@@ -116,22 +116,7 @@ TEST(TextToolsTest, TrimsBlanksThenTabsOnceEach)
         std::string text = c.text;
         EXPECT_EQ(stg::removeBeginingAndTrailingSpaces(text), c.trimmed);
         EXPECT_EQ(text, c.trimmed) << "in place";
-        std::wstring wide = stg::convertToWString(c.text);
-        EXPECT_EQ(stg::convertToString(stg::removeBeginingAndTrailingSpaces(wide)), c.trimmed);
     }
-}
-
-TEST(TextToolsTest, RemovesSpacesAndUnicodeAndConverts)
-{
-    std::string spaced = " a\tb \r\nc\v\f";
-    EXPECT_EQ(stg::removeAllSpaces(spaced), "abc");
-    std::wstring wideSpaced = L" a\tb ";
-    EXPECT_EQ(stg::removeAllSpaces(wideSpaced), L"ab");
-    std::string bytes = "a\x80z\xff";
-    EXPECT_EQ(stg::stripUnicode(bytes), "az");
-    EXPECT_EQ(bytes, "az");
-    EXPECT_EQ(stg::convertToString(L"\x0141\x00ff"), "\x41\xff");
-    EXPECT_EQ(stg::convertToWString("\xff")[0], static_cast<wchar_t>(-1));
 }
 
 TEST(TextToolsTest, ReadsNumbersAsA32BitLibraryDoes)
