@@ -53,11 +53,6 @@ extern "C" __attribute__((visibility("default"))) unsigned int sleep(unsigned in
     return 0;
 }
 
-unsigned int sleepsEntered()
-{
-    return g_sleeps;
-}
-
 void wakeSleepers()
 {
     ++g_wakes;

@@ -30,8 +30,6 @@ class Engine
     unsigned int discover(unsigned int firstNumber);
     // Command 21, and the event thread's first poll.
     unsigned int monitor();
-    // What command 20 stored.
-    const void* slot() const { return m_slot; }
 
     std::vector<std::string> log() const { return m_log.lines(); }
     bool logged(const std::string& line) const;
@@ -53,9 +51,8 @@ class Engine
     std::vector<unsigned int> m_alerts;
 };
 
-// The event thread's sleep, which this program supplies in place of the C library's: how often it was
-// entered, and its early end without a stop.
-unsigned int sleepsEntered();
+// The event thread's sleep, which this program supplies in place of the C library's: its early end
+// without a stop.
 void wakeSleepers();
 
 #endif

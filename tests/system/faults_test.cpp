@@ -139,21 +139,4 @@ TEST_F(StopFaultTest, AThreadThatOutlivesItsStopTouchesNothing)
     EXPECT_EQ(m_engine.send(23), 0U);
 }
 
-TEST_F(StopFaultTest, AFailedWriteOfTheSequenceNumberIsSaid)
-{
-    m_engine.loadScenario(ZARNEK_SOURCE_DIR "/scenarios/disk-failure.json");
-    m_engine.loadPlugin();
-    ASSERT_EQ(m_engine.send(20), 0U);
-    m_engine.discover(0);
-    ASSERT_EQ(m_engine.monitor(), 0U);
-    const std::string mapping = m_engine.m_folder.read("MarvelAlertMapping.ini");
-    morlan_fail_call("SMWriteINIPathFileValue", 1, 1, 5);
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_TRUE(m_engine.logged(
-        "ZARNEK:stg::writeToIniFileAgainstKey(): Failed to write in /MarvelAlertMapping.ini File under the "
-        "section EventSequenceNumber. Keyword is SequenceNumber and the value is 1"));
-    EXPECT_EQ(m_engine.m_folder.read("MarvelAlertMapping.ini"), mapping);
-    EXPECT_EQ(m_engine.send(23), 0U);
-}
-
 } // namespace
