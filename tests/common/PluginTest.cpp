@@ -108,15 +108,6 @@ void PluginTest::loadScenario(const std::string& text) const
         << message.data();
 }
 
-void PluginTest::loadShipped(const std::string& name) const
-{
-    std::array<char, 1000> message{};
-    ASSERT_EQ(
-        mvsim_load_scenario((ZARNEK_SOURCE_DIR "/scenarios/" + name).c_str(), message.data(), message.size()),
-        0)
-        << message.data();
-}
-
 Lines PluginTest::trace() const
 {
     const Lines all = m_trace.lines();

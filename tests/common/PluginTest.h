@@ -25,10 +25,9 @@ class PluginTest : public testing::Test
     void writeMapping(const std::string& content) const;
     std::string readMapping() const;
     void writePrivateIni(const std::string& content) const;
-    // Gives the simulator a scenario: the members of its one adapter, or a whole file of scenarios/.
+    // Gives the simulator a scenario: the members of its one adapter, or all of it.
     void loadAdapter(const std::string& members, const std::string& top = "") const;
     void loadScenario(const std::string& text) const;
-    void loadShipped(const std::string& name) const;
 
     // What was said through DebugPrint since the last clear: every line, or those that are no ENTRY or EXIT.
     Lines log() const { return withPrefix("log ", true); }
