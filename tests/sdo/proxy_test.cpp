@@ -45,6 +45,22 @@ class SDOProxyTest : public PluginTest
     stg::AttribValMap m_values;
 };
 
+TEST_F(SDOProxyTest, TypeWordsHaveTheirCodes)
+{
+    stg::SDOProxy::initializeLookupTable(); // a second time
+    std::string words;
+    for (const auto& [word, code] : stg::SDOProxy::getLookupTable())
+        words += word + ' ' + std::to_string(code) + ", ";
+    EXPECT_EQ(
+        words,
+        "BINARY_DATA_TYPE 0, BOOL_TYPE 0, CHARPTR 10, CHAR_ 2, CONTROL_NOTIFY_TYPE 13, INTEGER 4, LONG 8, "
+        "NEXUS_TYPE 5, SHORT_INT 3, STDSTR 10, U32 8, UCHAR_ 6, ULONG_INT 8, ULONG_ULONG_INT 9, "
+        "UNSIGNED_INTEGER 8, USHORT_INT 7, bool 0, char 2, char* 10, int 4, short 3, short int 3, "
+        "string 10, u8 6, unsigned 8, unsigned char 6, unsigned int 8, unsigned long 8, "
+        "unsigned long int 8, unsigned long long 9, unsigned long long int 9, unsigned short 7, "
+        "unsigned short int 7, ");
+}
+
 TEST_F(SDOProxyTest, ScalarsTravelByTypeAndWidthAndComeBackInOneFieldPerCode)
 {
     const std::string high = "\x81\x82\x83\x84\x85\x86\x87\x88", low = "\1\2\3\4\5\6\7\x08";

@@ -1,5 +1,6 @@
 #include "common/PluginTest.h"
 #include "morlan/morlan_inspect.h"
+#include "vendor/CLibraryLoader.h"
 #include "vendor/CLibraryManager.h"
 #include "vendor/CMarvellVendorLibrary.h"
 
@@ -126,6 +127,26 @@ TEST_F(LibraryTest, ManagerKeepsALibraryThatSeesAController)
         EXPECT_EQ(morlan_call_count("SMLibUnLoad") - unloads, c.kept) << "what is dropped stays loaded";
     }
     unsetenv("MVSIM_SCENARIO");
+}
+
+TEST_F(LibraryTest, LoaderWorksTheLastHalfOfItsListFromTheEnd)
+{
+    for (unsigned int count = 0; count <= 5; ++count) {
+        CLibraryLoader loader;
+        for (unsigned int vendor = 0; vendor < count; ++vendor) {
+            writeVendor("9", "libnone" + std::to_string(vendor));
+            loader.initializeLibLoader();
+        }
+        const unsigned int loads = morlan_call_count("SMLibLoad");
+        clear();
+        EXPECT_EQ(loader.createAllLibObjs(), 0);
+        EXPECT_EQ(morlan_call_count("SMLibLoad") - loads, count - count / 2);
+        EXPECT_EQ(loader.getVendorInfo().size(), count / 2);
+        EXPECT_EQ(log().back(), "ZARNEK:CLibraryLoader:setVendorInfo() EXIT ") << "the other function's name";
+        for (unsigned int vendor = count / 2; vendor < count; ++vendor)
+            EXPECT_THAT(messages(), Contains("ZARNEK:IVendorLibrary::loadLibrary(): loadLibrary => libnone" +
+                                             std::to_string(vendor) + ".so"));
+    }
 }
 
 TEST_F(LibraryTest, TheFirstLibraryOfAVendorAnswers)
