@@ -93,14 +93,6 @@ int insertObject(const std::string& name, const std::string& parent, std::uint32
     return RalInsertObject(make(name, status), makeOrNull(parent));
 }
 
-int deleteObject(const std::string& name)
-{
-    void* const object = make(name);
-    const int status = RalDeleteObject(object, 1, 0);
-    morlan_sdo_free(object);
-    return status;
-}
-
 int linkObjects(const std::string& upper, const std::string& lower)
 {
     void* const above = make(upper);

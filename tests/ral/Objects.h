@@ -21,7 +21,6 @@ std::string nameOf(const void* object);
 
 // Calls with objects made for them, which go afterwards unless they pass to the data engine.
 int insertObject(const std::string& name, const std::string& parent = {}, std::uint32_t status = 0);
-int deleteObject(const std::string& name);
 int linkObjects(const std::string& upper, const std::string& lower);
 // The names in the list, with blanks between; the status instead if that is not 0. No name lists the top.
 std::string listObjects(const std::string& name, unsigned int type);
