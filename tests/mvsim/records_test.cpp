@@ -50,17 +50,10 @@ TEST_F(RecordsTest, MembersOfDevices)
         Runs runs;
     } cases[] = {
         {kDiskInfo, R"("model": ")" + longest + R"(", "serial": "S-1")", {{0x4c, text(longest + "S-1")}}},
+        {kDiskInfo, R"("sasAddress": "hex:50 01 ff 00 a1")", {{0x30, {0x50, 1, 255, 0, 0xa1}}}},
         {kDiskInfo,
-         R"("revision": "12345678", "blockSize": 4096)",
-         {{0x88, text("12345678")}, {0xa4, {0, 16}}}},
-        {kDiskInfo,
-         R"("sasAddress": "hex:50 01 ff 00 a1", "media": "ssd")",
-         {{0x30, {0x50, 1, 255, 0, 0xa1}}, {0xb8, {1}}}},
-        {kDiskInfo, R"("linkFlags": ["sata", "sas"])", {{0x42, {5}}}},
-        {kDiskInfo,
-         R"("featureFlags": ["1.5G", "3G", "12G"], "linkFlags": 255)",
-         {{0x42, {255}}, {0x48, {0x0c, 4}}}},
-        {kDiskInfo, R"("featureFlags": ["6G", "writeCache", "encryption"])", {{0x48, {0x90, 0x01}}}},
+         R"("featureFlags": ["1.5G", "writeCache", "encryption"], "linkFlags": 255)",
+         {{0x42, {255}}, {0x48, {0x14, 1}}}},
         {kDiskInfo, R"("sizeKB": 18446744073709551614)", {{0x90, {0xfe, 255, 255, 255, 255, 255, 255, 255}}}},
         {kDiskInfo, R"("sizeBytes": 2047)", {{0x90, {1, 0}}}},
         {kDiskInfo, R"("size": "1.92 TB")", {{0x90, {0xc0, 0x3a, 0xc2, 0x6f, 0}}}},
@@ -68,44 +61,24 @@ TEST_F(RecordsTest, MembersOfDevices)
         {kDiskInfo,
          R"("raw": {"info": {"0": "aabb", "0xf7": "cc"}})",
          {{0x00, {0xaa, 0xbb}}, {0xf7, {0xcc}}}},
-        {kDiskConfig, R"("linkSpeed": "6G", "raw": {"config": {"5": "dd"}})", {{0x03, {3}}, {0x05, {0xdd}}}},
-        {kDiskConfig, R"("linkSpeed": "12G")", {{0x03, {4}}}},
-        {kDriveInfo, R"("name": "Data", "stripeKB": 513)", {{0x04, {1, 2}}, {0x20, text("Data")}}},
-        {kDriveInfo,
-         R"("cacheFlags": "writeBack", "sizeKB": 4328719365)",
-         {{0x08, {1}}, {0x18, {5, 4, 3, 2, 1}}}},
+        {kDiskConfig, R"("raw": {"config": {"5": "dd"}})", {{0x05, {0xdd}}}},
         {kDriveInfo, R"("raid": 10, "raw": {"info": {"0x137": "77"}})", {{0x06, {10}}, {0x137, {0x77}}}},
-        {kDriveInfo, R"("raid": "10")", {{0x06, {0x10}}}},
-        {kDriveInfo, R"("raid": "60")", {{0x06, {0x60}}}},
         {kDriveConfig, R"("logicalDrive": 772)", {{0x04, {4, 3}}}},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(record(row.device, row.members), with(record(row.device, ""), row.runs)) << row.members;
-    }
-    const std::pair<const char*, unsigned char> states[] = {
-        {"optimal", 0},    {"degraded", 1},  {"missing", 2},   {"failed", 3},        {"offline", 4},
-        {"rebuilding", 5}, {"checking", 10}, {"unknown", 255}, {"initialising", 15},
-    };
-    for (const auto& [word, status] : states) {
-        EXPECT_EQ(record(kDriveInfo, std::string(R"("status": ")") + word + '"')[0x02], status) << word;
-    }
-    const std::pair<const char*, unsigned int> flags[] = {
-        {R"("ready", "online")", 3}, {R"("spare", "failed")", 12}, {R"("checking", "foreign")", 48}};
-    for (const auto& [words, bits] : flags) {
-        record(kDiskInfo, std::string(R"("raidStatus": [)") + words + "]");
-        EXPECT_EQ(diskFlags(0), bits) << words;
     }
 }
 
 // The two calls for one disk keep the header that they came with, but for the count of entries.
 TEST_F(RecordsTest, OneDisk)
 {
-    record(kDiskInfo, R"("freeKB": 72623859790382856, "raidStatus": "failed",
+    record(kDiskInfo, R"("freeKB": 72623859790382856, "raidStatus": ["checking", "foreign"],
                          "raw": {"raidStatus": {"0x17": "ee"}, "freeSpace": {"0x10": "ff"}})");
     const Bytes header = {0, 2, 0, 0, 1, 0, 0, 0, 0x91, 0, 0, 0, 0, 0, 0, 0x98};
     Bytes status = with(Bytes(24, 0xee), {{0, header}});
     EXPECT_EQ(MV_PD_GetHDRaidStatus(0, reinterpret_cast<_HD_RAID_Status_Request*>(status.data())), 0U);
-    EXPECT_EQ(status, with(Bytes(24), {{0, header}, {0x06, {1}}, {0x14, {8}}, {0x17, {0xee}}}));
+    EXPECT_EQ(status, with(Bytes(24), {{0, header}, {0x06, {1}}, {0x14, {48}}, {0x17, {0xee}}}));
 
     Bytes space = with(Bytes(32, 0xee), {{0, header}});
     EXPECT_EQ(MV_PD_GetFreeSpaceInfo(0, reinterpret_cast<_HD_FreeSpaceInfo_Request*>(space.data())), 0U);
