@@ -36,23 +36,18 @@ TEST(LibraryTest, EnvironmentNamesTheSystem)
     const std::string complaint = ": /: expected a scenario file, found no file of that name\n";
     const struct {
         std::string scenario;
-        bool reset; // decides ahead of the environment
         unsigned int adapters;
         std::string said;
     } cases[] = {
-        {"", false, 1, ""},
-        {folder.path("two.json"), false, 2, ""},
-        {folder.path("two.json"), true, 0, ""},
-        {missing, false, 0, "mvsim: " + missing + complaint},
+        {"", 1, ""},
+        {folder.path("two.json"), 2, ""},
+        {missing, 0, "mvsim: " + missing + complaint},
     };
     setenv("MVSIM_LIVE", folder.path("sys").c_str(), 1);
     for (const auto& row : cases) {
         const OpenLibrary library = openCopy();
         if (!row.scenario.empty()) {
             setenv("MVSIM_SCENARIO", row.scenario.c_str(), 1); // read at the first call, not at load
-        }
-        if (row.reset) {
-            reinterpret_cast<decltype(&mvsim_reset)>(dlsym(library.get(), "mvsim_reset"))();
         }
         const auto count =
             reinterpret_cast<MV_Adapter_GetCount_t>(dlsym(library.get(), "MV_Adapter_GetCount"));
