@@ -1,4 +1,4 @@
-// SDO objects: what they hold, who owns what, what is refused.
+// SDO objects: what they hold and who owns what.
 #include "morlan/morlan_inspect.h"
 
 #include <morlan.h>
@@ -96,29 +96,6 @@ TEST_F(Sdo, ACloneSharesNothing)
     EXPECT_EQ(content(object), "1:changed 2:{8:{9:91}} 3:{8:{9:90}}");
     EXPECT_EQ(SMSDOConfigFree(clone), 0);
     EXPECT_EQ(morlan_live_sdo_objects(), 5U);
-}
-
-TEST_F(Sdo, RefusesWhatItCannotHold)
-{
-    const std::string before = content(object);
-    void* const other = SMSDOConfigAlloc();
-    const struct {
-        const char* what;
-        int status;
-    } cases[] = {
-        {"null object", addU32(nullptr, 1, 11)},
-        {"null value", SMSDOConfigAddData(object, 1, SDO_TYPE_U32, nullptr, 4, 1)},
-        {"null nested object", addNested(object, 1, nullptr)},
-        {"nested in another object", addNested(other, 1, inner)},
-        {"what holds it", addNested(innermost, 1, object)},
-        {"free null", SMSDOConfigFree(nullptr)},
-        {"free what another object owns", SMSDOConfigFree(inner)},
-    };
-    for (const auto& refused : cases)
-        EXPECT_NE(refused.status, 0) << refused.what;
-    EXPECT_EQ(SMSDOConfigClone(nullptr), nullptr);
-    EXPECT_EQ(content(object), before);
-    EXPECT_EQ(SMSDOConfigFree(other), 0);
 }
 
 TEST_F(Sdo, ReadsOnlyWhatFits)
