@@ -73,8 +73,10 @@ TEST_F(CallsTest, PlannedFailures)
             EXPECT_EQ(MV_Adapter_GetConfig(0, nullptr, &config), status) << rule;
         }
     }
-    loadAdapter(kFiveDisks + R"(, "fail": {"MV_PD_GetConfig": 1})", R"("fail": {"MV_API_Version": 4})");
+    loadAdapter(kFiveDisks + R"(, "fail": {"MV_PD_GetConfig": 1, "MV_LD_GetInfo": 256})",
+                R"("fail": {"MV_API_Version": 4})");
     EXPECT_THAT(list(&MV_PD_GetConfig).entries, Each(0xee)) << "nothing is written";
+    EXPECT_EQ(list(&MV_LD_GetInfo).returned, 2U) << "callers see the low byte alone, a success";
     EXPECT_EQ(MV_API_Version(), 4U);
 }
 

@@ -51,6 +51,7 @@ TEST_F(RecordsTest, MembersOfDevices)
     } cases[] = {
         {kDiskInfo, R"("model": ")" + longest + R"(", "serial": "S-1")", {{0x4c, text(longest + "S-1")}}},
         {kDiskInfo, R"("sasAddress": "hex:50 01 ff 00 a1")", {{0x30, {0x50, 1, 255, 0, 0xa1}}}},
+        {kDiskInfo, R"("blockSize": 4096)", {{0xa4, {0, 16}}}},
         {kDiskInfo,
          R"("featureFlags": ["1.5G", "writeCache", "encryption"], "linkFlags": 255)",
          {{0x42, {255}}, {0x48, {0x14, 1}}}},
@@ -63,6 +64,7 @@ TEST_F(RecordsTest, MembersOfDevices)
          {{0x00, {0xaa, 0xbb}}, {0xf7, {0xcc}}}},
         {kDiskConfig, R"("raw": {"config": {"5": "dd"}})", {{0x05, {0xdd}}}},
         {kDriveInfo, R"("raid": 10, "raw": {"info": {"0x137": "77"}})", {{0x06, {10}}, {0x137, {0x77}}}},
+        {kDriveInfo, R"("status": "missing")", {{0x02, {2}}}},
         {kDriveConfig, R"("logicalDrive": 772)", {{0x04, {4, 3}}}},
     };
     for (const auto& row : cases) {
@@ -73,12 +75,12 @@ TEST_F(RecordsTest, MembersOfDevices)
 // The two calls for one disk keep the header that they came with, but for the count of entries.
 TEST_F(RecordsTest, OneDisk)
 {
-    record(kDiskInfo, R"("freeKB": 72623859790382856, "raidStatus": ["checking", "foreign"],
+    record(kDiskInfo, R"("freeKB": 72623859790382856, "raidStatus": ["spare", "checking", "foreign"],
                          "raw": {"raidStatus": {"0x17": "ee"}, "freeSpace": {"0x10": "ff"}})");
     const Bytes header = {0, 2, 0, 0, 1, 0, 0, 0, 0x91, 0, 0, 0, 0, 0, 0, 0x98};
     Bytes status = with(Bytes(24, 0xee), {{0, header}});
     EXPECT_EQ(MV_PD_GetHDRaidStatus(0, reinterpret_cast<_HD_RAID_Status_Request*>(status.data())), 0U);
-    EXPECT_EQ(status, with(Bytes(24), {{0, header}, {0x06, {1}}, {0x14, {48}}, {0x17, {0xee}}}));
+    EXPECT_EQ(status, with(Bytes(24), {{0, header}, {0x06, {1}}, {0x14, {52}}, {0x17, {0xee}}}));
 
     Bytes space = with(Bytes(32, 0xee), {{0, header}});
     EXPECT_EQ(MV_PD_GetFreeSpaceInfo(0, reinterpret_cast<_HD_FreeSpaceInfo_Request*>(space.data())), 0U);
