@@ -92,7 +92,6 @@ TEST(Discover, tellsBadInputAndFailuresInOneClearLine)
     } rows[] = {
         {"libmvsim", {"--scenario", inFolder("broken.json")}, 3, "broken.json: 2:1: expected valid JSON"},
         {"libmvsim", {"--scenario", "nope"}, 3, "nope: no such scenario file; shipped are disk-failure, "},
-        {"libmvsim", {"--plugin", inFolder("nowhere.so")}, 3, "nowhere.so"},
         {"libmvsim", {"--plugin", inFolder("no-library.so")}, 3, "no-library.so"},
         {"libmvsim", {"--plugin", ZARNEK_QUEUE_LIBRARY}, 3, "exports no libpld_sm_zarnek_entry"},
         {"libmvsim", {"--config", inFolder("broken.json/below")}, 3, "cannot make the configuration folder"},
