@@ -71,37 +71,48 @@ TEST(SdoReader, eachTypeReachesJsonWhole)
 
 TEST(Printers, showWhatHasNoPlaceInTheTree)
 {
-    const auto object = [](const std::vector<std::pair<unsigned int, std::uint32_t>>& numbers) {
+    const auto object = [](const std::vector<std::pair<unsigned int, std::uint64_t>>& numbers) {
         Object made;
-        for (const auto& [id, value] : numbers)
-            made.properties.push_back({id, SDO_TYPE_U32, std::uint64_t{value}});
+        made.properties.resize(numbers.size());
+        for (std::size_t index = 0; index < numbers.size(); ++index) {
+            made.properties[index].id = numbers[index].first;
+            made.properties[index].type = SDO_TYPE_U32;
+            made.properties[index].value = numbers[index].second;
+        }
         return made;
     };
-    const auto disk = [&](std::uint32_t controller, std::uint32_t slot) {
-        return object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
-                       {SSPROP_GLOBALCONTROLLERNUM_U32, controller},
-                       {SSPROP_SLOTNUM_U32, slot},
-                       {SSPROP_STATE_U32, 8},
-                       {SSPROP_STATUS_U32, 4}});
-    };
+    const Object controller =
+        object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER}, {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
+    const Object odd = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                               {SSPROP_GLOBALCONTROLLERNUM_U32, 0},
+                               {SSPROP_SLOTNUM_U32, 1},
+                               {SSPROP_STATE_U32, 8},
+                               {SSPROP_STATUS_U32, 4},
+                               {SSPROP_MEDIA_U32, 77},
+                               {SSPROP_NEGOTIATEDSPEED_U32, 0xFFFFFFFF}});
+    const Object lost = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                                {SSPROP_GLOBALCONTROLLERNUM_U32, 5},
+                                {SSPROP_SLOTNUM_U32, 2}});
+    const Object virtualDisk =
+        object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_VIRTUAL_DISK}, {SSPROP_LOGICALDRIVENUM_U32, 0}});
     System system;
-    system.nodes = {
-        {object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER}, {SSPROP_GLOBALCONTROLLERNUM_U32, 0}}),
-         -1,
-         {},
-         1,
-         false},
-        {disk(0, 1), 0, {}, 1, false},
-        {disk(5, 2), -1, {}, 1, false},
-        {object({{SSPROP_SLOTNUM_U32, 7}}), -1, {}, 1, true}};
+    system.nodes = {{controller, -1, {}, 1, false},
+                    {odd, 0, {}, 1, false},
+                    {lost, -1, {}, 1, false},
+                    {virtualDisk, 0, {1, 2, 4}, 1, false},
+                    {object({{SSPROP_SLOTNUM_U32, 7}}), -1, {}, 1, true}};
 
     const std::string tree = printed(TreePrinter(Style{}), system);
+    EXPECT_THAT(tree,
+                HasSubstr("|- 1 disk\n|  `- disk 1  failed  critical  -  code 77  -  not known  -  -\n"));
+    EXPECT_THAT(tree, HasSubstr("  linked with disks 1-2, disk 7\n"));
     EXPECT_THAT(tree, HasSubstr("outside the tree\n   disk 2 on controller 5\n"
                                 "   disk 7 on controller ?: arrived without an identity, with 1 value\n"));
     EXPECT_THAT(printed(TablePrinter(Style{}), system), testing::ContainsRegex("\ndisk 2 .*\n[?] disk 7\n$"));
-    EXPECT_THAT(printed(DotPrinter(), system), HasSubstr("=gray90, label=\"disk 7\"];\n  n0 -> n1;\n}"));
+    EXPECT_THAT(printed(DotPrinter(), system),
+                HasSubstr("=gray90, label=\"disk 7\"];\n  n0 -> n1;\n  n0 -> n3"));
     const Json json = Json::parse(printed(JsonPrinter(), system));
-    EXPECT_EQ(json.at("objects").at(3).at("identity"), nullptr);
+    EXPECT_EQ(json.at("objects").at(4).at("identity"), nullptr);
 
     // Colours change no column.
     std::string coloured = printed(TreePrinter(Style{false, true}), system);
