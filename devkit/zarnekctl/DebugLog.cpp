@@ -50,13 +50,14 @@ void DebugLog::add(const char* text)
         std::cerr << line << '\n';
     if (endsWith(line, " ENTRY ") || endsWith(line, " EXIT "))
         return;
-    if (const auto reason = refusalIn(line)) {
-        ++m_refusals.count;
-        m_refusals.reasons.insert(*reason);
-    }
     m_last.push_back(line);
     if (m_last.size() > remembered)
         m_last.pop_front();
+    if (const auto reason = refusalIn(line)) {
+        ++m_refusals.count;
+        m_refusals.reasons.insert(*reason);
+        m_refusals.lastLines.assign(m_last.begin(), m_last.end());
+    }
 }
 
 std::vector<std::string> DebugLog::lastLines() const

@@ -17,7 +17,8 @@ namespace zarnekctl
 // Calls of the vendor library that did not succeed.
 struct Refusals {
     unsigned int count = 0;
-    std::set<std::string> reasons; // the plug-in's words for the statuses
+    std::set<std::string> reasons;      // the plug-in's words for the statuses
+    std::vector<std::string> lastLines; // as they were at the last of them
 };
 
 // "2 calls: ERR_FAIL, ERR_RESCANING".

@@ -157,8 +157,7 @@ void EngineHost::discover(unsigned int globalNumber)
 {
     void* total = &m_controllersFound;
     send(ControlCommand::Discover, &globalNumber, &total);
-    const Refusals refusals = takeRefusals();
-    m_refusedCalls = refusals.count == 0 ? "" : describe(refusals);
+    m_refusedInDiscovery = takeRefusals();
 }
 
 void EngineHost::startMonitoring()
@@ -185,7 +184,7 @@ System EngineHost::system() const
     System system = readSystem();
     system.source = m_source;
     system.controllersFound = m_controllersFound;
-    system.refusedCalls = m_refusedCalls;
+    system.refusedCalls = m_refusedInDiscovery.count == 0 ? "" : describe(m_refusedInDiscovery);
     return system;
 }
 
@@ -204,8 +203,9 @@ void EngineHost::requireComplete(const System& system) const
                           " arrived in the data engine",
                       m_log.lastLines());
     if (!system.refusedCalls.empty())
-        throw Failure(ExitStatus::PluginFailed, "the vendor library refused " + system.refusedCalls +
-                                                    "; what they would have told is missing");
+        throw Failure(ExitStatus::PluginFailed,
+                      "the vendor library refused " + system.refusedCalls + "; what is shown is incomplete",
+                      m_refusedInDiscovery.lastLines);
 }
 
 } // namespace zarnekctl

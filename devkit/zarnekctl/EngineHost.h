@@ -63,7 +63,7 @@ class EngineHost
     std::string m_source;
     bool m_playsScenario = false;
     unsigned int m_controllersFound = 0;
-    std::string m_refusedCalls;
+    Refusals m_refusedInDiscovery;
 };
 
 } // namespace zarnekctl

@@ -104,7 +104,7 @@ TEST(Discover, tellsBadInputAndFailuresInOneClearLine)
         {"libmvsim",
          {"--scenario", inFolder("refused.json")},
          1,
-         "library refused 1 call: ERR_RESCANING; what"},
+         "refused 1 call: ERR_RESCANING; what is shown is incomplete\n  "},
     };
     ASSERT_EQ(state.run({"check"}).status, 0);
     for (const auto& row : rows) {
