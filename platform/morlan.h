@@ -22,7 +22,8 @@ int SMMutexDestroy(void* mutex);
 
 // Runs function(argument) on a new thread. The handle stays valid for SMThreadStop; null on failure.
 void* SMThreadStart(void (*function)(void*), void* argument);
-// Returns when the thread has ended; may be called again with the same handle.
+// Wakes the thread if it is in the C library's sleep, and returns when it has ended; may be called again with
+// the same handle.
 int SMThreadStop(void* thread);
 
 void* SMLibLoad(const char* path);
@@ -31,9 +32,10 @@ int SMLibUnLoad(void* library);
 
 // A string object: its address is that of its zero-terminated text. Null on failure.
 void* sm_create(void);
-// Fills a string object with the install directory; nonzero on failure.
+// Fills a string object with the install directory; nonzero on failure, and for null.
 int GetIniFilePath(void* string);
 unsigned int sm_strlen(const void* string);
+// May be called for null, and again with an address that was destroyed.
 void sm_destroy(void* string);
 
 // Copies one value of the private INI, at most *size bytes with the terminator; *size becomes the number of
@@ -43,7 +45,9 @@ int SSGetPrivateIniValue(const char* section, const char* key, char* buffer, uns
 int SMWriteINIPathFileValue(const char* section, const char* key, int type, const void* value,
                             unsigned int size, const char* path, int flag);
 
-// SDO objects: bags of properties, each with a 16-bit id, a type and a value.
+// SDO objects: bags of properties, each with a 16-bit id, a type and a value. An object holds one value per id: a
+// later addition replaces the earlier one. A null object is cloned to null; all other calls fail on it and do
+// nothing else.
 void* SMSDOConfigAlloc(void);
 int SMSDOConfigFree(void* object);
 void* SMSDOConfigClone(const void* object);

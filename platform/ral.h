@@ -9,17 +9,18 @@
 extern "C" {
 #endif
 
-// Inserts or updates an object, under `parent` unless that is null. Both pass to the data engine.
+// Inserts or updates an object, under `parent` unless that is null. Both pass to the data engine, also when the
+// call fails.
 int RalInsertObject(void* object, void* parent);
 // Deletes the object that bears the identity of `object`. The plug-in passes 1 and 0.
 int RalDeleteObject(void* object, int arg1, int arg2);
 // Associates two objects, named by their identity. Neither passes to the data engine.
 int RalLinkObjects(void* upper, void* lower);
 // Lists the objects of `type` that are associated with `object`, or those at the top for a null `object`.
-// The list goes back through RalListFree.
+// The list goes back through RalListFree. When there are none, the status is 0 and the count 0.
 int RalListAssociatedObjects(void* object, unsigned int type, void*** list, unsigned int* count);
 int RalListFree(void** list, unsigned int count);
-// Sends a notification. The object passes to the data engine.
+// Sends a notification. The object passes to the data engine, also when the call fails.
 int RalSendNotification(void* object);
 
 #ifdef __cplusplus

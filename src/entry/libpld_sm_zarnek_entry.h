@@ -10,6 +10,10 @@
 //   21 start monitoring, 25 stop monitoring, 23 terminate; 26, 27 and 29 do nothing
 //
 // Commands 20 and 22 follow these pointers without a test. The expected order is 20, 22, 21, 25, 23.
+//
+// Exceptions of the standard library leave the function: std::out_of_range from command 22 when a line of
+// MarvelAlertMapping.ini ahead of the sequence number is nothing but white space, std::bad_alloc when memory
+// runs out. On the event thread, where nobody catches them, they end the process.
 extern "C" __attribute__((visibility("default"))) unsigned int
 libpld_sm_zarnek_entry(unsigned int command, void* input, void** output);
 

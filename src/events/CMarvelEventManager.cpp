@@ -14,6 +14,24 @@
 CMarvelEventManager* CMarvelEventManager::m_pMarvelEvtMgrInstance = nullptr;
 unsigned int CMarvelEventManager::m_PrevEventSeqNum = 0;
 
+namespace
+{
+
+// Writes the number of the last alert if it grew.
+void keepSequenceNumber(const char* label)
+{
+    const unsigned int number = CMarvelEvtObserver::m_CurEventSeqNum;
+    if (number <= CMarvelEventManager::m_PrevEventSeqNum)
+        return;
+    const int status = stg::writeToIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION,
+                                                     stg::SEQUENCE_KEY, number);
+    if (static_cast<short>(status) == stg::STATUS_SUCCESS && number != stg::NUMBER_UNKNOWN)
+        stg::lout << label << ": " << stg::ALERT_MAPPING_FILE
+                  << " File has been modified with the new Event Sequence Number: " << number << '\n';
+}
+
+} // namespace
+
 CMarvelEventManager* CMarvelEventManager::getUniqueInstance()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEventManager::getUniqueInstance()");
@@ -49,13 +67,9 @@ CMarvelEventManager::~CMarvelEventManager()
 
     destroyAllThread();
     m_pLilObj = nullptr;
-    const unsigned int number = CMarvelEvtObserver::m_CurEventSeqNum;
-    if (m_PrevEventSeqNum < number) {
-        const int status = stg::writeToIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION,
-                                                         stg::SEQUENCE_KEY, number);
-        if (static_cast<short>(status) == stg::STATUS_SUCCESS && number != stg::NUMBER_UNKNOWN)
-            stg::lout << LABEL << ": " << stg::ALERT_MAPPING_FILE
-                      << " File has been modified with the new Event Sequence Number: " << number << '\n';
+    try {
+        keepSequenceNumber(LABEL);
+    } catch (const std::bad_alloc&) { // it stays as it was, which is no reason to end the host
     }
     CMarvelEvtObserver::destroyMe();
 }

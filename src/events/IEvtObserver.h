@@ -16,7 +16,8 @@ class SDOProxy;
 
 // Turns a batch of alerts into what the data engine sees, and asks for the discovery that each alert calls
 // for. Runs on the event thread, within the subject's notifyObserver. Statuses are 0 or 1, that of
-// sendAlert is the data engine's; one alert's failure never stops the batch.
+// sendAlert is the data engine's; one alert's failure never stops the batch. An exception does, and ends the
+// process: std::out_of_range from a line of nothing but white space in the mapping file.
 class IEvtObserver
 {
   public:

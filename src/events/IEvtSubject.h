@@ -37,7 +37,8 @@ class IEvtSubject
     // The last subject number given out; never reset.
     static unsigned int m_EvtSubjectSerialNo;
     // The stop request for all subjects: set by the entry thread, read by the event thread, never cleared.
-    // What orders the two is the support library's stop, which returns only when the thread has ended.
+    // Nothing orders the two, as the flag is plain; the event thread sees it at the latest after its sleep,
+    // from which the support library's stop wakes it.
     static bool m_bNeedToStopMonitoring;
 
   protected:

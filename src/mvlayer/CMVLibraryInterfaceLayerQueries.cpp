@@ -103,17 +103,21 @@ class CMVLibraryInterfaceLayer::DiskRequests
         }
     }
 
-    // Asks for both answers of one disk. A failed call leaves its answer zero.
+    // Asks for both answers of one disk. That of a failed call is zero, whatever the call wrote.
     void ask(CMVLibraryInterfaceLayer& layer, unsigned int cntrlId, unsigned short hdId, const char* prefix)
     {
         if (m_status)
             *m_status = {};
         if (layer.getPhysicalDiskStatus(cntrlId, hdId, m_status.get()) == stg::STATUS_SUCCESS)
             stg::lout << prefix << "pHdRaidStatusReq Successful " << '\n';
+        else if (m_status)
+            *m_status = {};
         if (m_freeSpace)
             *m_freeSpace = {};
         if (layer.getPhysicalDiskFreeSpace(cntrlId, hdId, m_freeSpace.get()) == stg::STATUS_SUCCESS)
             stg::lout << prefix << "pHdFreeSpaceReq Successful " << '\n';
+        else if (m_freeSpace)
+            *m_freeSpace = {};
     }
 
     std::uint32_t raidStatus() const { return m_status ? m_status->RaidStatusFlags : 0U; }
@@ -133,16 +137,20 @@ short CMVLibraryInterfaceLayer::getControllerInfo(IController& controller)
     const auto info = stg::allocateVendorRecord<_Adapter_Info>();
     if (info && getAdapterInfo(cntrlId, 0, info.get()) == stg::STATUS_SUCCESS)
         stg::lout << "ZARNEK:CLibraryInterfaceLayer: getAdapterInfo() Successful " << '\n';
+    else if (info)
+        *info = {};
     const auto config = stg::allocateVendorRecord<_Adapter_Config_V2>();
     if (config && getAdapterConfig(cntrlId, 0, config.get()) == stg::STATUS_SUCCESS)
         stg::lout << "ZARNEK:CLibraryInterfaceLayer: getAdapterConfig() Successful " << '\n';
+    else if (config)
+        *config = {};
     const short result = getAdapterROMVersion(cntrlId, &romVersion);
     if (result == stg::STATUS_SUCCESS)
         stg::lout << "ZARNEK:CMVLibraryInterfaceLayer: getAdapterROMVersion() Successful: ROM Version = "
                   << romVersion << '\n';
 
     if (info && config) {
-        // Whatever the calls said: a failed one leaves a zeroed record, and that is what the object reads.
+        // Whatever the calls said: the record of a failed one is zero, and that is what the object reads.
         stg::SInfoHelper_t helper;
         helper.cntrlId = controller.getCntrlID();
         helper.globalCntrlNum = controller.getGlobalControllerNumber();

@@ -27,7 +27,7 @@ enum OBJECT_RELATION : unsigned int { RELATION_CHILD = 0, RELATION_PARENT = 1 };
 // A proxy lives on the stack of one thread for the span of one operation; its scratch fields are why it must
 // not be shared. It frees what it allocated or cloned. What goes into the data engine is always a clone and
 // passes to it. Results are the statuses of the libraries below, 0 for success, or 1 for a failure of its
-// own, which also is a line in the log; nothing is thrown on purpose.
+// own, of which not every one is told in the log; nothing is thrown on purpose.
 class SDOProxy
 {
   public:
@@ -57,7 +57,7 @@ class SDOProxy
     // A clone that the caller owns, null for null; and its end.
     void* cloneMyself(const void* object) const;
     void deleteClonedSDOObj(void* object) const;
-    // Whether the child took this nested object over when it was added last; true for null.
+    // Whether this is the nested object that a child took over last.
     bool hasTaken(const void* nested) const { return nested == m_pNestedObject; }
     // Zeroes the scratch fields but that of the nexus.
     void resetPropertyDataType();
@@ -98,12 +98,14 @@ class SDOProxy
     int retrieveAssociatedSDOObjects(void* object, unsigned int objType, void*** list, unsigned int* count);
     int deleteAssociatedSDOObjects(void** list, unsigned int count);
 
-    // Replace the child, which must be owned, by the data engine's object with the same key. Null on failure.
+    // Replace the child, which must be owned, by the data engine's object with the same key. Null on failure;
+    // where the search was made, the former child is gone then too.
     void* retrieveSingleSDOObject(IController& controller);
     void* retrieveSingleSDOObject(CPhysicalDevice& disk);
     void* retrieveSingleSDOObject(CVirtualDevice& drive);
 
-    // Set a model object's attributes from the data engine's object with the same key. Status of the search;
+    // Set a model object's attributes from the data engine's object with the same key, which becomes the
+    // proxy's child in the place of the present one. Status of the search;
     // 1 without a search for a disk whose device id is not known, and for every virtual disk, which is never
     // read back.
     unsigned int retrieveObjectFromSDO(IController& controller);

@@ -8,14 +8,12 @@
 namespace stg
 {
 
-// Appends a pointer unless it is null or there already. True if it was appended.
+// Appends a pointer unless it is null or there already.
 template <class Object>
-bool appendDistinct(std::vector<Object*>& objects, Object* object)
+void appendDistinct(std::vector<Object*>& objects, Object* object)
 {
-    if (object == nullptr || std::find(objects.begin(), objects.end(), object) != objects.end())
-        return false;
-    objects.push_back(object);
-    return true;
+    if (object != nullptr && std::find(objects.begin(), objects.end(), object) == objects.end())
+        objects.push_back(object);
 }
 
 } // namespace stg

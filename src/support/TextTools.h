@@ -1,4 +1,5 @@
-// Text helpers: trimming, narrowing, and numbers out of text. Pure functions, safe on any thread.
+// Text helpers: trimming, narrowing, and numbers out of text. Safe on any thread. White space is what the
+// host's C locale takes for it.
 #ifndef ZARNEK_SUPPORT_TEXTTOOLS_H
 #define ZARNEK_SUPPORT_TEXTTOOLS_H
 

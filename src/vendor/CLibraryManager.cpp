@@ -1,6 +1,7 @@
 #include "vendor/CLibraryManager.h"
 
 #include "support/CLogger.h"
+#include "support/Distinct.h"
 #include "support/LogScope.h"
 #include "support/Singleton.h"
 #include "support/Status.h"
@@ -103,15 +104,11 @@ short CLibraryManager::updateLibraryMultiMap(LibraryPair& pair)
 short CLibraryManager::removeAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CLibraryManager:removeAllElementsFromMap()");
-    for (auto& entry : m_libMap) {
-        const IVendorLibrary* const library = entry.second;
-        // A library that was inserted twice is deleted once.
-        for (auto& other : m_libMap) {
-            if (other.second == library)
-                other.second = nullptr;
-        }
-        delete library;
-    }
+    std::vector<IVendorLibrary*> distinct; // one that was inserted twice is deleted once
+    for (const auto& entry : m_libMap)
+        stg::appendDistinct(distinct, entry.second);
     m_libMap.clear();
+    for (const IVendorLibrary* const library : distinct)
+        delete library;
     return stg::STATUS_SUCCESS;
 }

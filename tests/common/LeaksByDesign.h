@@ -3,14 +3,22 @@
 #ifndef ZARNEK_TESTS_LEAKSBYDESIGN_H
 #define ZARNEK_TESTS_LEAKSBYDESIGN_H
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ZARNEK_LEAK_SANITIZER
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define ZARNEK_LEAK_SANITIZER
+#endif
+
+#ifdef ZARNEK_LEAK_SANITIZER
 #include <sanitizer/lsan_interface.h>
 #endif
 
 class LeaksByDesign
 {
   public:
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef ZARNEK_LEAK_SANITIZER
     LeaksByDesign()
     {
         __lsan_disable();

@@ -2,6 +2,7 @@
 
 #include "discovery/CMarvelSubSystemMgr.h"
 #include "entry/CCommandHandler.h"
+#include "events/CControl_Notify.h"
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
 #include "events/IEvtSubject.h"
@@ -35,6 +36,11 @@ void resetStatics()
     CMarvelEventManager::m_PrevEventSeqNum = 0;
     CMarvelEvtObserver::m_CurEventSeqNum = 0;
     IEvtSubject::m_bNeedToStopMonitoring = false;
+    IEvtSubject::m_EvtSubjectSerialNo = 0;
+    ISubSystemManager::m_SubSystemSerialNo = 0;
+    const auto device = CControl_Notify::getAttribNameAndType().find("m_DevID");
+    if (device != CControl_Notify::getAttribNameAndType().end())
+        device->second.m_PropertyID = SSPROP_DEVICEID_U32;
 }
 
 } // namespace

@@ -103,7 +103,6 @@ TEST_F(ObserverTest, SendsABatchUnderThePropertiesThatNameTheObjects)
 {
     writeMapping("[Adapter]\n20=2058\n[PhysicalDevice]\n20=2050\n[VirtualDevice]\n20=2057\n");
     CMarvelAlert alerts[4];
-    CControl_Notify::getAttribNameAndType()["m_DevID"].m_PropertyID = 24809; // as at load
     const unsigned int classes[] = {0, 2, 0, 1};
     std::vector<CAlert*> batch;
     for (unsigned int i = 0; i < 4; ++i) {
