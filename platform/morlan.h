@@ -15,7 +15,8 @@ void DebugPrint(const char* format, ...);
 
 // A process-local mutex. `arg` is 0; null on failure.
 void* SMMutexCreate(int arg);
-// Waits up to `timeout`; -1 waits without limit.
+// Waits up to `timeout` milliseconds; -1 waits without limit. A thread may lock what it holds, and unlocks it
+// as often.
 int SMMutexLock(void* mutex, int timeout);
 int SMMutexUnLock(void* mutex);
 int SMMutexDestroy(void* mutex);
@@ -45,9 +46,9 @@ int SSGetPrivateIniValue(const char* section, const char* key, char* buffer, uns
 int SMWriteINIPathFileValue(const char* section, const char* key, int type, const void* value,
                             unsigned int size, const char* path, int flag);
 
-// SDO objects: bags of properties, each with a 16-bit id, a type and a value. An object holds one value per id: a
-// later addition replaces the earlier one. A null object is cloned to null; all other calls fail on it and do
-// nothing else.
+// SDO objects: bags of properties, each with a 16-bit id, a type and a value. An object holds one value per
+// id: a later addition replaces the earlier one. A null object is cloned to null; all other calls fail on it
+// and do nothing else.
 void* SMSDOConfigAlloc(void);
 int SMSDOConfigFree(void* object);
 void* SMSDOConfigClone(const void* object);

@@ -179,9 +179,9 @@ static_assert(sizeof(_Event) == 64 && offsetof(_Event, EventCode) == 0x02);
 static_assert(offsetof(_Event, EventDeviceId) == 0x08 && offsetof(_Event, EventSequence) == 0x0c);
 
 // The seventeen entry points, in the order in which they are bound: symbol, argument types. What a list call
-// gets is an _Info_Request with room for its entries behind it. What `count` of the two adapter calls is for is
-// not settled; a pointer to 0 is passed. Nobody calls MV_API_Version,
-// MV_PD_GET_SMART_INFO and MV_PassThrough_ATA, and their arguments are not settled.
+// gets is an _Info_Request with room for its entries behind it. What `count` of the two adapter calls is for
+// is not settled; a pointer to 0 is passed. Nobody calls MV_API_Version, MV_PD_GET_SMART_INFO and
+// MV_PassThrough_ATA, and their arguments are not settled.
 #define MV_API_LIST(ENTRY)                                                                                   \
     ENTRY(MV_API_Initialize, ())                                                                             \
     ENTRY(MV_API_Finalize, ())                                                                               \

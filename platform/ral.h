@@ -9,8 +9,8 @@
 extern "C" {
 #endif
 
-// Inserts or updates an object, under `parent` unless that is null. Both pass to the data engine, also when the
-// call fails.
+// Inserts or updates an object, under `parent` unless that is null. Both pass to the data engine, also when
+// the call fails.
 int RalInsertObject(void* object, void* parent);
 // Deletes the object that bears the identity of `object`. The plug-in passes 1 and 0.
 int RalDeleteObject(void* object, int arg1, int arg2);

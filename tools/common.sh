@@ -80,11 +80,12 @@ quietly() {
     rm -f "$log"
 }
 
-# configure PRESET FOLDER [cmake argument...]: once; later changes are the build's own to notice.
+# configure PRESET FOLDER [cmake argument...]: once, and when the presets have changed; all other changes are the
+# build's own to notice.
 configure() {
     local preset=$1 folder=$2
     shift 2
-    if [ ! -f "$folder/build.ninja" ]; then
+    if [ ! -f "$folder/build.ninja" ] || [ "$root/CMakePresets.json" -nt "$folder/build.ninja" ]; then
         (cd "$root" && quietly cmake --preset "$preset" -B "$folder" "$@")
     fi
 }

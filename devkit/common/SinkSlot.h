@@ -18,7 +18,8 @@ class SinkSlot
 {
   public:
     // Puts a sink in, null for none. When this returns, the sink before it is no longer running, so that its
-    // context may go; only a sink that is called back into here is not waited for.
+    // context may go. Called from within a sink of this place it waits for nobody, as two of them would wait
+    // for each other. A sink may not throw.
     void set(Function function, void* context)
     {
         std::unique_lock<std::mutex> lock(m_mutex);

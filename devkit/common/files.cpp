@@ -118,6 +118,8 @@ bool replaceFile(const std::string& path, const std::string& content)
 
     struct stat present = {};
     const bool exists = stat(target->c_str(), &present) == 0;
+    if (!exists && errno != ENOENT)
+        return false; // its mode and owner could not be kept
     const std::filesystem::path temporary = temporaryFor(*target);
     if (!writeLike(exists ? &present : nullptr, temporary, content) ||
         rename(temporary.c_str(), target->c_str()) != 0) {

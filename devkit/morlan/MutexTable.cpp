@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <new>
 #include <thread>
 
 struct MutexTable::Mutex {
@@ -13,10 +14,14 @@ struct MutexTable::Mutex {
 
 void* MutexTable::create()
 {
-    const auto mutex = std::make_shared<Mutex>();
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_live.emplace(mutex.get(), mutex);
-    return mutex.get();
+    try {
+        const auto mutex = std::make_shared<Mutex>();
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_live.emplace(mutex.get(), mutex);
+        return mutex.get();
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 bool MutexTable::lock(void* mutex, int milliseconds)

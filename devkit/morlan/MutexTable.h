@@ -10,9 +10,9 @@
 class MutexTable
 {
   public:
-    // All calls: false for an unknown handle.
-
+    // Null without memory.
     void* create();
+    // The three calls below are false for an unknown handle.
     // Waits at most so many milliseconds, without limit for a negative number; false when they ran out. The
     // thread that holds the mutex may lock it again, and has to unlock it as often.
     bool lock(void* mutex, int milliseconds);

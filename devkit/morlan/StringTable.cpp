@@ -43,9 +43,13 @@ char* StringTable::create()
     char* const string = block.get();
     if (string == nullptr)
         return nullptr;
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_live.emplace(string, std::move(block));
-    return string;
+    try {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_live.emplace(string, std::move(block));
+        return string;
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 bool StringTable::assign(void* string, std::string_view text)

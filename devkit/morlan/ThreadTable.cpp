@@ -50,17 +50,18 @@ void* ThreadTable::create(void (*function)(void*), void* argument)
     auto created = std::make_unique<Thread>();
     Thread& thread = *created;
     const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto entry = m_threads.emplace(&thread, std::move(created)).first;
     // Before the thread is there, so that it can unblock the signal. Without a free signal a stop takes as
     // long as the thread sleeps.
     m_wake.acquire();
     try {
         thread.thread = std::thread(&ThreadTable::run, this, std::ref(thread), function, argument);
     } catch (const std::system_error&) {
+        m_threads.erase(entry);
         return nullptr;
     }
     thread.id = thread.thread.get_id();
-    thread.number = static_cast<unsigned int>(m_threads.size()) + 1;
-    m_threads.emplace(&thread, std::move(created));
+    thread.number = static_cast<unsigned int>(m_threads.size());
     return &thread;
 }
 

@@ -85,6 +85,18 @@ bool anyCovers(const std::vector<Patch>& patches, std::size_t offset)
 
 } // namespace
 
+void patchRecords(StrictObject& object, Disk& disk)
+{
+    if (const Json* raw = object.find("raw")) {
+        StrictObject records(*raw, object.place("raw"));
+        patchMember(records, "info", disk.info);
+        patchMember(records, "config", disk.config);
+        patchMember(records, "raidStatus", disk.raidStatus, sizeof(_Info_Request));
+        patchMember(records, "freeSpace", disk.freeSpace, sizeof(_Info_Request));
+        records.finish();
+    }
+}
+
 void readDisk(StrictObject& object, Disk& disk)
 {
     if (const auto value = object.number<std::uint16_t>("slot")) {
@@ -118,12 +130,15 @@ void readDisk(StrictObject& object, Disk& disk)
     if (const auto value = object.kilobytes("free")) {
         disk.freeSpace.Answer.FreeSizeKB = *value;
     }
+    patchRecords(object, disk);
+}
+
+void patchRecords(StrictObject& object, VirtualDisk& drive)
+{
     if (const Json* raw = object.find("raw")) {
         StrictObject records(*raw, object.place("raw"));
-        patchMember(records, "info", disk.info);
-        patchMember(records, "config", disk.config);
-        patchMember(records, "raidStatus", disk.raidStatus, sizeof(_Info_Request));
-        patchMember(records, "freeSpace", disk.freeSpace, sizeof(_Info_Request));
+        patchMember(records, "info", drive.info);
+        patchMember(records, "config", drive.config);
         records.finish();
     }
 }
@@ -149,12 +164,7 @@ void readVirtualDisk(StrictObject& object, VirtualDisk& drive)
     if (const auto value = object.kilobytes("size")) {
         drive.info.SizeKB = *value;
     }
-    if (const Json* raw = object.find("raw")) {
-        StrictObject records(*raw, object.place("raw"));
-        patchMember(records, "info", drive.info);
-        patchMember(records, "config", drive.config);
-        records.finish();
-    }
+    patchRecords(object, drive);
 }
 
 void readAdapter(StrictObject& object, Adapter& adapter)

@@ -13,6 +13,9 @@ namespace mvsim
 // The id is read by the caller, who has to know which device is meant, and so is whether it is there.
 void readDisk(StrictObject& object, Disk& disk);
 void readVirtualDisk(StrictObject& object, VirtualDisk& drive);
+// The last step of both: overwrites raw bytes. For a caller that sets numbers behind them.
+void patchRecords(StrictObject& object, Disk& disk);
+void patchRecords(StrictObject& object, VirtualDisk& drive);
 // Without the lists of devices and the rules of calls.
 void readAdapter(StrictObject& object, Adapter& adapter);
 PendingEvent readEvent(StrictObject& object);

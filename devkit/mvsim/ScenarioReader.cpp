@@ -14,6 +14,8 @@ namespace mvsim
 namespace
 {
 
+constexpr std::uint32_t kLastPoll = 1000000000; // far from where their count wraps
+
 constexpr unsigned int kFormat = 1;
 constexpr std::size_t kMostAdapters = 255; // the count is read from one byte
 
@@ -123,6 +125,7 @@ void addDevices(StrictObject& object, std::uint16_t id, const Device& model, std
         if (device.present && !numbers.insert(numberOf(device)).second) {
             refuseNumber(device, object);
         }
+        patchRecords(object, device);
         devices.push_back(device);
     }
 }
@@ -253,6 +256,10 @@ std::vector<TimelineStep> readTimeline(StrictObject& object, const std::vector<S
     eachObject(object, "timeline", [&](StrictObject& element) {
         TimelineStep step;
         step.poll = element.needed("poll", element.number<std::uint32_t>("poll", 1));
+        if (step.poll > kLastPoll) {
+            throw FormatError(element.place("poll"), "a poll up to " + std::to_string(kLastPoll),
+                              std::to_string(step.poll));
+        }
         step.adapter = element.number<std::uint32_t>("adapter").value_or(0);
         if (step.adapter >= adapters.size()) {
             throw FormatError(element.place("adapter"), "the index of an adapter",

@@ -15,7 +15,7 @@ namespace mvsim
 struct SeenDisk {
     std::string name;         // of the block device, such as "sda"
     std::string identity;     // stays with the disk when it gets another name
-    std::uint64_t usedKB = 0; // by partitions
+    std::uint64_t usedKB = 0; // by partitions and arrays
     Disk device;              // id and slot are not known yet
 };
 

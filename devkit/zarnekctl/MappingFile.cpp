@@ -1,10 +1,9 @@
 #include "zarnekctl/MappingFile.h"
 
+#include "common/files.h"
+
 #include <cctype>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <system_error>
 
 namespace zarnekctl
 {
@@ -65,11 +64,9 @@ MappingFile::MappingFile(const std::string& content)
 
 std::optional<MappingFile> MappingFile::read(const std::filesystem::path& file)
 {
-    std::error_code error;
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file, error))
+    std::string content;
+    if (devkit::readFile(file.string(), content) != devkit::FileRead::DONE)
         return std::nullopt;
-    const std::string content((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
     return MappingFile(content);
 }
 
@@ -111,9 +108,9 @@ std::uint32_t MappingFile::sequenceNumber() const
 
 std::uint32_t MappingFile::numberOf(const std::string& value)
 {
-    // unsigned long is what the plug-in converts with: 32 bits in the 32-bit build, where more than that
-    // stays at the top, 64 bits otherwise, where the upper half falls off.
-    return static_cast<std::uint32_t>(std::strtoul(value.c_str(), nullptr, 10));
+    constexpr long long limit = 0xFFFFFFFF;
+    const long long number = std::strtoll(value.c_str(), nullptr, 10);
+    return number > limit || number < -limit ? noNumber : static_cast<std::uint32_t>(number);
 }
 
 } // namespace zarnekctl

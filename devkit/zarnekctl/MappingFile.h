@@ -51,7 +51,8 @@ class MappingFile
     // The persisted sequence number, 4294967295 when there is none.
     std::uint32_t sequenceNumber() const;
 
-    // The number that the plug-in makes of a value: leading digits, 0 without any, cut to 32 bits.
+    // The number that the plug-in makes of a value: leading digits, 0 without any, the largest one
+    // for what 32 bits cannot hold; a minus sign negates modulo 2^32.
     static std::uint32_t numberOf(const std::string& value);
 
     static constexpr std::uint32_t lowestAlert = 2048; // what is below counts as no mapping

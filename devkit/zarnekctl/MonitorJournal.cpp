@@ -1,5 +1,6 @@
 #include "zarnekctl/MonitorJournal.h"
 
+#include "mv.h"
 #include "sdo.h"
 
 #include <algorithm>
@@ -18,9 +19,9 @@ struct EventClass {
 };
 
 constexpr EventClass eventClasses[] = {
-    {0, ObjectKind::Controller, "Adapter"},
-    {1, ObjectKind::VirtualDisk, "VirtualDevice"},
-    {2, ObjectKind::PhysicalDisk, "PhysicalDevice"},
+    {MV_EVENT_CONTROLLER, ObjectKind::Controller, "Adapter"},
+    {MV_EVENT_VIRTUAL_DISK, ObjectKind::VirtualDisk, "VirtualDevice"},
+    {MV_EVENT_PHYSICAL_DISK, ObjectKind::PhysicalDisk, "PhysicalDevice"},
 };
 
 const EventClass* classOf(ObjectKind kind)

@@ -1,5 +1,6 @@
 #include "zarnekctl/PrivateIniCheck.h"
 
+#include "common/files.h"
 #include "morlan.h"
 #include "morlan/morlan_inspect.h"
 #include "zarnekctl/Failure.h"
@@ -7,8 +8,8 @@
 
 #include <array>
 #include <cstdlib>
-#include <fstream>
 #include <map>
+#include <sstream>
 
 namespace zarnekctl
 {
@@ -29,8 +30,9 @@ std::string trimmed(const std::string& text)
 class Places
 {
   public:
-    explicit Places(std::istream& stream, Findings& findings)
+    Places(const std::string& content, Findings& findings)
     {
+        std::istringstream stream(content);
         std::string section;
         std::string raw;
         for (std::size_t number = 1; std::getline(stream, raw); ++number) {
@@ -38,6 +40,12 @@ class Places
             if (line.empty() || line.front() == ';' || line.front() == '#')
                 continue;
             if (line.front() == '[') {
+                if (line.find(']') == std::string::npos) {
+                    findings.push_back({number, Effect::Surprise,
+                                        "a section header without \"]\", which nothing reads",
+                                        "close the bracket"});
+                    continue;
+                }
                 section = trimmed(line.substr(1, line.find(']') - 1));
                 m_sections.try_emplace(section, number);
                 continue;
@@ -132,14 +140,13 @@ std::optional<std::string> privateIniValue(const std::string& section, const std
 Findings checkPrivateIni(const std::filesystem::path& file, const std::filesystem::path& libraryFolder)
 {
     Findings findings;
-    std::ifstream stream(file);
-    std::error_code error;
-    if (!stream || !std::filesystem::is_regular_file(file, error)) {
+    std::string content;
+    if (devkit::readFile(file.string(), content) != devkit::FileRead::DONE) {
         findings.push_back({1, Effect::NoDiscovery, "the file cannot be read", putTheFileThere});
         return findings;
     }
     morlan_set_private_ini(file.c_str());
-    const Places places(stream, findings);
+    const Places places(content, findings);
 
     const auto id = privateIniValue(vendorIdSection, vendorIdKey);
     const std::string libraryKey = "Linux_" + id.value_or(std::to_string(vendorId));

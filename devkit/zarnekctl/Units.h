@@ -12,7 +12,7 @@ namespace zarnekctl
 std::string sizeText(std::uint64_t bytes);
 // A stripe size in blocks of 512 bytes, in binary units: "64 KiB".
 std::string stripeText(std::uint64_t blocks);
-// A link speed, 1024 for one Gbit/s: "1.5 Gbit/s"; "none" for 0.
+// A link speed, 1024 for one Gbit/s: "1.5 Gbit/s"; "no speed" for 0.
 std::string speedText(std::uint64_t speed);
 
 } // namespace zarnekctl
