@@ -7,6 +7,7 @@
 #include "mvsim/StorageModel.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace mvsim
@@ -21,7 +22,7 @@ struct ScenarioAdapter {
 struct TimelineStep {
     unsigned int poll = 0;
     std::size_t adapter = 0;
-    Adapter model; // from then on, all of it
+    std::optional<Adapter> model; // from then on, all of it; none where nothing of it changes
     CallRules rules;
     std::vector<PendingEvent> events;
 };

@@ -209,35 +209,35 @@ Device& changedDevice(StrictObject& object, std::vector<Device>& devices)
     return *device;
 }
 
-// Reads one step on top of what the steps before it have made of the adapter.
-TimelineStep readStep(StrictObject& object, TimelineStep step)
+// Reads one step on top of what the steps before it have made of the adapter, and changes that.
+void readStep(StrictObject& object, Adapter& model, TimelineStep& step)
 {
     if (const Json* controller = object.find("controller")) {
         StrictObject changes(*controller, object.place("controller"));
-        readAdapter(changes, step.model);
+        readAdapter(changes, model);
         changes.finish();
     }
     // Numbers are compared when all changes are made, so that two disks can change places in one step.
     std::vector<std::pair<const Disk*, StrictObject>> disks;
     eachObject(object, "disks", [&](StrictObject& change) {
-        Disk& disk = changedDevice(change, step.model.disks);
+        Disk& disk = changedDevice(change, model.disks);
         readDisk(change, disk);
         change.finish();
         disks.emplace_back(&disk, change);
     });
     std::vector<std::pair<const VirtualDisk*, StrictObject>> drives;
     eachObject(object, "virtualDisks", [&](StrictObject& change) {
-        VirtualDisk& drive = changedDevice(change, step.model.virtualDisks);
+        VirtualDisk& drive = changedDevice(change, model.virtualDisks);
         readVirtualDisk(change, drive);
-        checkMembers(change, step.model.disks);
+        checkMembers(change, model.disks);
         change.finish();
         drives.emplace_back(&drive, change);
     });
     for (const auto& [disk, change] : disks) {
-        checkNumber(step.model.disks, *disk, change);
+        checkNumber(model.disks, *disk, change);
     }
     for (const auto& [drive, change] : drives) {
-        checkNumber(step.model.virtualDisks, *drive, change);
+        checkNumber(model.virtualDisks, *drive, change);
     }
     step.rules = readRules(object, false);
     eachObject(object, "events", [&step](StrictObject& element) {
@@ -247,7 +247,9 @@ TimelineStep readStep(StrictObject& object, TimelineStep step)
         step.events.insert(step.events.end(), repeats, event);
     });
     object.finish();
-    return step;
+    if (object.find("controller") != nullptr || !disks.empty() || !drives.empty()) {
+        step.model = model;
+    }
 }
 
 std::vector<TimelineStep> readTimeline(StrictObject& object, const std::vector<ScenarioAdapter>& adapters)
@@ -277,9 +279,8 @@ std::vector<TimelineStep> readTimeline(StrictObject& object, const std::vector<S
     }
     std::vector<TimelineStep> timeline;
     for (auto& [step, element] : steps) {
-        step.model = states[step.adapter];
-        timeline.push_back(readStep(element, step));
-        states[step.adapter] = timeline.back().model;
+        readStep(element, states[step.adapter], step);
+        timeline.push_back(std::move(step));
     }
     return timeline;
 }

@@ -31,7 +31,9 @@ void ScenarioSource::beginPoll(unsigned int index, PlayedAdapter& adapter)
 {
     for (const TimelineStep& step : m_scenario.timeline) {
         if (step.adapter == index && step.poll == adapter.polls) {
-            adapter.model = step.model;
+            if (step.model) {
+                adapter.model = *step.model;
+            }
             adapter.rules.merge(step.rules, step.poll);
             adapter.pending.insert(adapter.pending.end(), step.events.begin(), step.events.end());
         }

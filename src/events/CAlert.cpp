@@ -39,10 +39,7 @@ struct CAlert::Attributes {
     template <auto Field, class Value>
     static void store(CAlert& object, Value value)
     {
-        constexpr const char* NAME = stg::attributes::nameOf<Field>(ROWS, Field);
-        static_assert(NAME != nullptr, "the field has a row");
-        object.*Field = std::move(value);
-        object.insertIntoAttribValMap(NAME, &(object.*Field));
+        stg::attributes::store<Attributes, Field>(object, std::move(value), &CAlert::insertIntoAttribValMap);
     }
 };
 

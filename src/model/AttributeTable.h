@@ -111,6 +111,17 @@ constexpr const char* nameOf(const std::array<Row<Object>, Size>& rows, Value Ob
     return nullptr;
 }
 
+// Sets a field and enters it in the object's value map under the name of its row. `Table` has the class's
+// rows as ROWS; `enter` is the class's own way into its map, called virtually.
+template <class Table, auto Field, class Object, class Value>
+void store(Object& object, Value value, void (Object::*enter)(std::string, void*))
+{
+    constexpr const char* NAME = nameOf<Field>(Table::ROWS, Field);
+    static_assert(NAME != nullptr, "the field has a row");
+    object.*Field = std::move(value);
+    (object.*enter)(NAME, &(object.*Field));
+}
+
 // Adds a row to a class's table unless the name is there: the first writer wins.
 inline void setKeyValPair(AttribTypeMap& table, std::string name, std::string typeTag,
                           unsigned int propertyId)

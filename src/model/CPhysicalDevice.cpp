@@ -79,10 +79,8 @@ struct CPhysicalDevice::Attributes {
     template <auto Field, class Value>
     static void store(CPhysicalDevice& object, Value value)
     {
-        constexpr const char* NAME = stg::attributes::nameOf<Field>(ROWS, Field);
-        static_assert(NAME != nullptr, "the field has a row");
-        object.*Field = std::move(value);
-        object.insertIntoPdAttribValMap(NAME, &(object.*Field));
+        stg::attributes::store<Attributes, Field>(object, std::move(value),
+                                                  &CPhysicalDevice::insertIntoPdAttribValMap);
     }
 };
 

@@ -62,10 +62,8 @@ struct IController::Attributes {
     template <auto Field, class Value>
     static void store(IController& object, Value value)
     {
-        constexpr const char* NAME = stg::attributes::nameOf<Field>(ROWS, Field);
-        static_assert(NAME != nullptr, "the field has a row");
-        object.*Field = std::move(value);
-        object.insertIntoAttribValMap(NAME, &(object.*Field));
+        stg::attributes::store<Attributes, Field>(object, std::move(value),
+                                                  &IController::insertIntoAttribValMap);
     }
 };
 
