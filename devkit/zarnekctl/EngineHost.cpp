@@ -89,11 +89,15 @@ EngineHost::EngineHost(const Options& options, const Installation& installation,
         traceCalls();
 }
 
-EngineHost::~EngineHost()
+EngineHost::SinkRelease::~SinkRelease()
 {
     morlan_set_debug_sink(nullptr, nullptr);
     morlan_set_call_sink(nullptr, nullptr);
     ral_set_call_sink(nullptr, nullptr);
+}
+
+EngineHost::~EngineHost()
+{
     if (m_vendorLibrary)
         m_vendorLibrary->setCallSink(nullptr, nullptr);
 }

@@ -56,8 +56,17 @@ class EngineHost
     void traceCalls();
     void send(ControlCommand command, void* input = nullptr, void** output = nullptr);
 
+    // Takes the libraries' sinks away again, also from a host whose construction failed.
+    struct SinkRelease {
+        SinkRelease() = default;
+        ~SinkRelease();
+        SinkRelease(const SinkRelease&) = delete;
+        SinkRelease& operator=(const SinkRelease&) = delete;
+    };
+
     Trace m_trace;
     DebugLog m_log;
+    SinkRelease m_sinks;
     std::optional<Plugin> m_plugin;
     std::optional<VendorLibrary> m_vendorLibrary;
     std::string m_source;
