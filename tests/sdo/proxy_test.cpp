@@ -118,10 +118,6 @@ TEST_F(SDOProxyTest, TextsNexusAndNestedObjectsAndWhatIsRefused)
     const std::string type = "Property Type: SM_SDO_NUMBERFORMAT_NEXUS_U32, Value: 24600  4294967295  ";
     const std::string nestedLine = ADD + "Property Name: 3, Property Type: SM_SDO_TYPE_SDOCONFIG";
     EXPECT_THAT(messages(), ElementsAre(ADD + "Property Name: 1, " + type, nestedLine, _, failed("4", 13)));
-    m_proxy.getProperty(1, 5, "nexus", &m_values);
-    EXPECT_THAT(*static_cast<std::vector<unsigned int>*>(m_values["nexus"]),
-                ElementsAre(24600, 4294967295U, 24600))
-        << "the first element, behind what was there";
     nexus.clear();
     for (const unsigned char code : std::vector<unsigned char>{5, 11, 12, 14, 255}) {
         clear();
@@ -169,6 +165,10 @@ TEST_F(SDOProxyTest, WalksAttributesByNameAndPassesOverWhatFails)
 
 TEST_F(SDOProxyTest, FreesWhatItOwnsAndNothingElse)
 {
+    const std::vector<unsigned int> nexus = {24600, 24810};
+    m_proxy.addProperty(1, 5, &nexus);
+    stg::SDOProxy target;
+    void* const forgotten = target.getChildSDOConfigPtr();
     {
         stg::SDOProxy proxy(m_child);
         EXPECT_EQ(proxy.getParentSDOConfigPtr(), nullptr);
@@ -176,18 +176,26 @@ TEST_F(SDOProxyTest, FreesWhatItOwnsAndNothingElse)
         proxy.setChildSDOConfigPtr(SMSDOConfigAlloc());
         proxy.cloneSDOConfig(m_child, nullptr); // frees the present child, borrowed as it is
         EXPECT_EQ(proxy.getParentSDOConfigPtr(), m_child);
-        EXPECT_EQ(morlan_live_sdo_objects(), 2U);
+        EXPECT_EQ(morlan_live_sdo_objects(), 3U);
         proxy.setChildSDOConfigPtr(nullptr);
         EXPECT_EQ(proxy.getChildSDOConfigPtr(), nullptr);
         proxy.setParentSDOConfigPtr(SMSDOConfigAlloc());
         proxy.cloneSDOConfig(m_child, m_child);
-        EXPECT_EQ(morlan_live_sdo_objects(), 3U);
+        EXPECT_EQ(morlan_live_sdo_objects(), 4U);
+        proxy.getProperty(1, 5, "one", &m_values);
+        target = stg::SDOProxy(proxy);
+        EXPECT_EQ(morlan_live_sdo_objects(), 6U) << "two clones, and what an assignment does not free";
         proxy.setChildSDOConfigPtr(m_child);
         proxy.setParentSDOConfigPtr(m_child);
     }
-    EXPECT_EQ(morlan_live_sdo_objects(), 1U) << "what the proxy borrowed is still there";
+    EXPECT_EQ(morlan_live_sdo_objects(), 4U) << "what the proxy borrowed is still there";
+    SMSDOConfigFree(forgotten);
+    target.resetPropertyDataType();
+    target.getProperty(1, 5, "two", &m_values);
+    EXPECT_THAT(*static_cast<std::vector<unsigned int>*>(m_values["two"]), ElementsAre(24600U, 24600U))
+        << "the first element, behind what the source had read";
     EXPECT_EQ(m_proxy.sendAlertNotification(), 0);
-    EXPECT_EQ(morlan_live_sdo_objects(), 1U) << "a clone went out";
+    EXPECT_EQ(morlan_live_sdo_objects(), 3U) << "a clone went out";
 }
 
 // A controller with three disks, of device ids 5, 6 and none, and a virtual disk, all in the data engine.

@@ -149,22 +149,39 @@ TEST_F(LibraryTest, LoaderWorksTheLastHalfOfItsListFromTheEnd)
     }
 }
 
-TEST_F(LibraryTest, TheFirstLibraryOfAVendorAnswers)
+TEST_F(LibraryTest, MapOperations)
 {
+    Library* libraries[4];
+    for (Library*& library : libraries) {
+        library = new Library("9", "libmvsim");
+        library->setLibHandle();
+    }
+    const auto& [first, other, second, update] = libraries;
     CLibraryManager manager;
-    auto* const first = new Library("9", "libmvsim");
-    first->setLibHandle();
-    manager.insertIntoMap(9, first);
-    manager.insertIntoMap(9, new Library("9", "libmvsim"));
-    manager.insertIntoMap(3, nullptr);
+    CLibraryManager::LibraryMultimap& map = *manager.accessLibObjMultimap();
+    for (const auto& [id, library] :
+         {CLibraryManager::LibraryPair{9, first}, {8, other}, {9, second}, {3, nullptr}})
+        EXPECT_EQ(manager.insertIntoMap(id, library), 0);
     clear();
     EXPECT_EQ(manager.getVendorLibInstance(9), first);
-    EXPECT_EQ(manager.getLibHandleforVendorID(9), first->getLibHandle());
-    for (const unsigned int unknown : {4U, 10U, 3U}) {
+    EXPECT_EQ(manager.getVendorLibInstance(4), nullptr);
+    for (const unsigned int unknown : {3U, 4U, 10U})
         EXPECT_EQ(manager.getLibHandleforVendorID(unknown), nullptr);
-        EXPECT_EQ(manager.getVendorLibInstance(unknown), nullptr);
-    }
+    EXPECT_EQ(manager.getVendorLibInstance(3), nullptr);
     EXPECT_EQ(messages(), Lines{"ZARNEK:CLibraryManager:getVendorLibInstance(): Dynamic Cast Failed."});
+
+    CLibraryManager::LibraryPair pair{9, update};
+    EXPECT_EQ(manager.cloneLibraryMultiMap(map) + manager.updateLibraryMultiMap(pair), 0);
+    EXPECT_EQ(map, (CLibraryManager::LibraryMultimap{{3, nullptr}, {8, other}, {9, update}}));
+    pair.first = 8;
+    EXPECT_EQ(manager.removeElementFromMap(pair), 0);
+    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 1U)
+        << "the first of the updated id, and none that was removed";
+    EXPECT_EQ(manager.removeAllElementsFromMap(), 0);
+    EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 2U);
+    EXPECT_TRUE(map.empty());
+    delete other;
+    delete second;
 }
 
 } // namespace
