@@ -194,12 +194,9 @@ System EngineHost::system() const
 
 void EngineHost::requireComplete(const System& system) const
 {
-    if (m_controllersFound == 0 && !m_vendorLibrary->canCountAdapters())
-        throw Failure(
-            ExitStatus::PluginFailed,
-            "the vendor library " + m_vendorLibrary->name() +
-                " has no MV_Adapter_GetCount, so that the plug-in finds nothing; install a complete one",
-            m_log.lastLines());
+    const std::string shortcoming = m_vendorLibrary->shortcoming();
+    if (m_controllersFound == 0 && !shortcoming.empty())
+        throw Failure(ExitStatus::PluginFailed, shortcoming + "; install a complete one", m_log.lastLines());
     const std::size_t arrived = system.count(ObjectKind::Controller);
     if (arrived < m_controllersFound)
         throw Failure(ExitStatus::PluginFailed,

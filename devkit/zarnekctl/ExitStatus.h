@@ -7,7 +7,7 @@ namespace zarnekctl
 
 enum class ExitStatus {
     Done = 0,
-    PluginFailed = 1, // the plug-in or the vendor library failed
+    PluginFailed = 1, // the plug-in or the vendor library failed, or output was lost
     WrongUsage = 2,   // the command line
     BadInput = 3      // scenario, configuration or a library file
 };

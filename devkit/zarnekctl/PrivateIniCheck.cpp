@@ -94,11 +94,9 @@ void tryLibrary(const std::string& name, const std::filesystem::path& folder, st
                 Findings& findings)
 {
     try {
-        if (!VendorLibrary(name, folder).canCountAdapters())
-            findings.push_back({line, Effect::NoMonitoring,
-                                "the vendor library " + name +
-                                    " has no MV_Adapter_GetCount, so that the plug-in finds nothing",
-                                "install a complete one"});
+        const std::string shortcoming = VendorLibrary(name, folder).shortcoming();
+        if (!shortcoming.empty())
+            findings.push_back({line, Effect::NoMonitoring, shortcoming, "install a complete one"});
     } catch (const Failure& failure) {
         findings.push_back(
             {line, Effect::NoDiscovery, failure.what(), "correct its name, or put it beside the plug-in"});

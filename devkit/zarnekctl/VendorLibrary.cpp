@@ -44,6 +44,13 @@ VendorLibrary::VendorLibrary(const std::string& name, const std::filesystem::pat
         m_loadScenario = nullptr;
 }
 
+std::string VendorLibrary::shortcoming() const
+{
+    return m_canCountAdapters ? ""
+                              : "the vendor library " + m_name +
+                                    " has no MV_Adapter_GetCount, so that the plug-in finds nothing";
+}
+
 void VendorLibrary::requireSimulator() const
 {
     if (!isSimulator())

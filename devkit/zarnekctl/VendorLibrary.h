@@ -20,8 +20,9 @@ class VendorLibrary
 
     const std::string& name() const { return m_name; }
     bool isSimulator() const { return m_loadScenario != nullptr; }
-    // Whether the plug-in can ask for the number of adapters; without that it finds none.
-    bool canCountAdapters() const { return m_canCountAdapters; }
+    // Why the plug-in finds nothing through it: it cannot be asked for the number of adapters. Empty when it
+    // can.
+    std::string shortcoming() const;
 
     // These throw Failure (BadInput) when the simulator refuses, or the library is no simulator.
     void playScenario(const std::filesystem::path& file);

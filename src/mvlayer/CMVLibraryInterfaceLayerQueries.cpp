@@ -81,6 +81,14 @@ short fetchDriveLists(CMVLibraryInterfaceLayer& layer, unsigned int cntrlId, Dri
     return result;
 }
 
+// Makes a record zero, if there is one.
+template <class Record>
+void clear(Record* record)
+{
+    if (record != nullptr)
+        *record = {};
+}
+
 } // namespace
 
 // The two one-disk requests, allocated once and used for one disk or a whole list of them.
@@ -106,18 +114,16 @@ class CMVLibraryInterfaceLayer::DiskRequests
     // Asks for both answers of one disk. That of a failed call is zero, whatever the call wrote.
     void ask(CMVLibraryInterfaceLayer& layer, unsigned int cntrlId, unsigned short hdId, const char* prefix)
     {
-        if (m_status)
-            *m_status = {};
+        clear(m_status.get());
         if (layer.getPhysicalDiskStatus(cntrlId, hdId, m_status.get()) == stg::STATUS_SUCCESS)
             stg::lout << prefix << "pHdRaidStatusReq Successful " << '\n';
-        else if (m_status)
-            *m_status = {};
-        if (m_freeSpace)
-            *m_freeSpace = {};
+        else
+            clear(m_status.get());
+        clear(m_freeSpace.get());
         if (layer.getPhysicalDiskFreeSpace(cntrlId, hdId, m_freeSpace.get()) == stg::STATUS_SUCCESS)
             stg::lout << prefix << "pHdFreeSpaceReq Successful " << '\n';
-        else if (m_freeSpace)
-            *m_freeSpace = {};
+        else
+            clear(m_freeSpace.get());
     }
 
     std::uint32_t raidStatus() const { return m_status ? m_status->RaidStatusFlags : 0U; }
@@ -137,13 +143,13 @@ short CMVLibraryInterfaceLayer::getControllerInfo(IController& controller)
     const auto info = stg::allocateVendorRecord<_Adapter_Info>();
     if (info && getAdapterInfo(cntrlId, 0, info.get()) == stg::STATUS_SUCCESS)
         stg::lout << "ZARNEK:CLibraryInterfaceLayer: getAdapterInfo() Successful " << '\n';
-    else if (info)
-        *info = {};
+    else
+        clear(info.get());
     const auto config = stg::allocateVendorRecord<_Adapter_Config_V2>();
     if (config && getAdapterConfig(cntrlId, 0, config.get()) == stg::STATUS_SUCCESS)
         stg::lout << "ZARNEK:CLibraryInterfaceLayer: getAdapterConfig() Successful " << '\n';
-    else if (config)
-        *config = {};
+    else
+        clear(config.get());
     const short result = getAdapterROMVersion(cntrlId, &romVersion);
     if (result == stg::STATUS_SUCCESS)
         stg::lout << "ZARNEK:CMVLibraryInterfaceLayer: getAdapterROMVersion() Successful: ROM Version = "

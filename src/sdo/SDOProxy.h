@@ -105,9 +105,8 @@ class SDOProxy
     void* retrieveSingleSDOObject(CVirtualDevice& drive);
 
     // Set a model object's attributes from the data engine's object with the same key, which becomes the
-    // proxy's child in the place of the present one. Status of the search;
-    // 1 without a search for a disk whose device id is not known, and for every virtual disk, which is never
-    // read back.
+    // proxy's child in the place of the present one. Status of the search; 1 without a search for a disk
+    // whose device id is not known, and for every virtual disk, which is never read back.
     unsigned int retrieveObjectFromSDO(IController& controller);
     unsigned int retrieveObjectFromSDO(CPhysicalDevice& disk);
     unsigned int retrieveObjectFromSDO(CVirtualDevice& drive);
