@@ -2,7 +2,7 @@
 #include "Machine.h"
 
 #include "common/LineLog.h"
-#include "mvsim/mvsim_control.h"
+#include "mvsim/api/mvsim_control.h"
 #include "ral/ral_inspect.h"
 
 #include <benchmark/benchmark.h>

@@ -20,10 +20,9 @@ class RatioReporter : public benchmark::ConsoleReporter
 
     void ReportRuns(const std::vector<Run>& runs) override
     {
-        for (const Run& run : runs) {
+        for (const Run& run : runs)
             if (run.error_occurred || run.aggregate_name == "median")
                 m_runs.emplace(std::make_pair(run.run_name.function_name, run.run_name.args), run);
-        }
     }
 
     // The table, in the order of names, and the ratios below it.

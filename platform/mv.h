@@ -29,6 +29,61 @@ constexpr std::uint16_t MV_EVENT_PHYSICAL_DISK = 2;
 // The most events that one MV_EVT_GetEvent is asked for.
 constexpr unsigned int MV_MAX_EVENTS = 50;
 
+// LinkFlags of _HD_Info.
+constexpr std::uint8_t MV_LINK_SATA = 0x01;
+constexpr std::uint8_t MV_LINK_SAS = 0x04;
+
+// FeatureFlags of _HD_Info: the highest speed bit tells what the disk is capable of.
+constexpr std::uint32_t MV_FEATURE_1_5G = 1U << 2;
+constexpr std::uint32_t MV_FEATURE_3G = 1U << 3;
+constexpr std::uint32_t MV_FEATURE_WRITE_CACHE = 1U << 4;
+constexpr std::uint32_t MV_FEATURE_6G = 1U << 7;
+constexpr std::uint32_t MV_FEATURE_ENCRYPTION = 1U << 8;
+constexpr std::uint32_t MV_FEATURE_12G = 1U << 10;
+
+// MediaFlags of _HD_Info.
+constexpr std::uint8_t MV_MEDIA_SSD = 0x01;
+
+// LinkSpeed of _HD_CONFIG; anything else means no link.
+constexpr std::uint8_t MV_SPEED_1_5G = 1;
+constexpr std::uint8_t MV_SPEED_3G = 2;
+constexpr std::uint8_t MV_SPEED_6G = 3;
+constexpr std::uint8_t MV_SPEED_12G = 4;
+
+// RaidStatusFlags of _HD_RAID_Status_Request.
+constexpr std::uint8_t MV_DISK_READY = 0x01;
+constexpr std::uint8_t MV_DISK_IN_ARRAY = 0x02;
+constexpr std::uint8_t MV_DISK_SPARE = 0x04;
+constexpr std::uint8_t MV_DISK_BAD = 0x08;
+constexpr std::uint8_t MV_DISK_CHECKING = 0x10;
+constexpr std::uint8_t MV_DISK_FOREIGN = 0x20;
+
+// RaidMode of _LD_Info.
+constexpr std::uint8_t MV_RAID_0 = 0x00;
+constexpr std::uint8_t MV_RAID_1 = 0x01;
+constexpr std::uint8_t MV_RAID_5 = 0x05;
+constexpr std::uint8_t MV_RAID_6 = 0x06;
+constexpr std::uint8_t MV_RAID_NONE = 0x0F;
+constexpr std::uint8_t MV_RAID_10 = 0x10;
+constexpr std::uint8_t MV_RAID_50 = 0x50;
+constexpr std::uint8_t MV_RAID_60 = 0x60;
+
+// LDStatus of _LD_Info.
+constexpr std::uint8_t MV_DRIVE_OPTIMAL = 0;
+constexpr std::uint8_t MV_DRIVE_DEGRADED = 1;
+constexpr std::uint8_t MV_DRIVE_MISSING = 2;
+constexpr std::uint8_t MV_DRIVE_FAILED = 3;
+constexpr std::uint8_t MV_DRIVE_OFFLINE = 4;
+constexpr std::uint8_t MV_DRIVE_REBUILDING = 5;
+constexpr std::uint8_t MV_DRIVE_CHECKING = 10;
+constexpr std::uint8_t MV_DRIVE_INITIALISING = 15;
+constexpr std::uint8_t MV_DRIVE_UNKNOWN = 255;
+
+// CacheFlags of _LD_Info: any of the bits of MV_CACHE_IN_USE stands for a cache in use.
+constexpr std::uint8_t MV_CACHE_NONE = 0x00;
+constexpr std::uint8_t MV_CACHE_WRITE_BACK = 0x01;
+constexpr std::uint8_t MV_CACHE_IN_USE = 0x0B;
+
 #pragma pack(push, 1)
 
 // Heads every list answer and every one-device answer; the entries follow it.

@@ -1,5 +1,5 @@
-// The vocabulary of objects in the data engine: property ids, object types and the type values under which
-// a property's data travels. Fixed numbers of that interface.
+// The vocabulary of objects in the data engine: property ids, object types, the codes that properties hold,
+// and the type values under which their data travels. Fixed numbers of that interface.
 #ifndef ZARNEK_PLATFORM_SDO_H
 #define ZARNEK_PLATFORM_SDO_H
 
@@ -22,8 +22,60 @@ constexpr unsigned char SDO_TYPE_SDOCONFIG = 13;
 constexpr unsigned char SDO_TYPE_NEXUS_U32 = SDO_TYPE_U32 | 0x10;
 constexpr unsigned char SDO_TYPE_BINARY_DATA = SDO_TYPE_U32 | 0x80;
 
-// The plug-in's number among the data engine's vendor layers.
+// The plug-in's number among the data engine's vendor layers. The private INI and command 20 know the vendor
+// by the same number.
 constexpr unsigned int SDO_VIL_NUMBER = 9;
+
+// SSPROP_STATUS_U32: how well an object is.
+constexpr unsigned int SDO_STATUS_UNKNOWN = 1;
+constexpr unsigned int SDO_STATUS_OK = 2;
+constexpr unsigned int SDO_STATUS_WARNING = 3;
+constexpr unsigned int SDO_STATUS_CRITICAL = 4;
+
+// SSPROP_STATE_U32: single bits, of which some mean something else on a virtual disk.
+constexpr unsigned int SDO_STATE_UNSTATED = 0;
+constexpr unsigned int SDO_STATE_READY = 0x1;
+constexpr unsigned int SDO_STATE_ONLINE = 0x4;
+constexpr unsigned int SDO_STATE_FAILED = 0x8;
+constexpr unsigned int SDO_VDSTATE_OPTIMAL = 0x1;
+constexpr unsigned int SDO_VDSTATE_OFFLINE = 0x8;
+constexpr unsigned int SDO_VDSTATE_DEGRADED = 0x20;
+constexpr unsigned int SDO_VDSTATE_FAILED = 0x100000;
+constexpr unsigned int SDO_VDSTATE_CHECKING = 0x800000;
+constexpr unsigned int SDO_VDSTATE_INITIALISING = 0x10000000;
+
+// SSPROP_RAIDMODE_U32: a single bit for each level.
+constexpr unsigned int SDO_RAID_0 = 0x2;
+constexpr unsigned int SDO_RAID_1 = 0x4;
+constexpr unsigned int SDO_RAID_5 = 0x40;
+constexpr unsigned int SDO_RAID_6 = 0x80;
+constexpr unsigned int SDO_RAID_10 = 0x200;
+constexpr unsigned int SDO_RAID_50 = 0x800;
+constexpr unsigned int SDO_RAID_NONE = 0x4000;
+constexpr unsigned int SDO_RAID_60 = 0x40000;
+constexpr unsigned int SDO_RAID_OTHER = 0x80000; // no level of its own either
+
+// SSPROP_BUSPROTOCOL_U32 and SSPROP_MEDIA_U32.
+constexpr unsigned int SDO_BUS_SATA = 7;
+constexpr unsigned int SDO_BUS_SAS = 8;
+constexpr unsigned int SDO_MEDIA_HDD = 1;
+constexpr unsigned int SDO_MEDIA_SSD = 2;
+
+// SSPROP_CAPABLESPEED_U32 and SSPROP_NEGOTIATEDSPEED_U32: 1024 for one Gbit/s.
+constexpr unsigned int SDO_SPEED_NONE = 0;
+constexpr unsigned int SDO_SPEED_1_5G = 1536;
+constexpr unsigned int SDO_SPEED_3G = 3072;
+constexpr unsigned int SDO_SPEED_6G = 6144;
+constexpr unsigned int SDO_SPEED_12G = 12288;
+
+// SSPROP_WRITEPOLICY_U32 and SSPROP_VDDISKCACHEPOLICY_U32.
+constexpr unsigned int SDO_WRITEPOLICY_THROUGH = 4;
+constexpr unsigned int SDO_WRITEPOLICY_BACK = 8;
+constexpr unsigned int SDO_VDDISKCACHE_OFF = 2;
+constexpr unsigned int SDO_VDDISKCACHE_ON = 4;
+
+// SSPROP_NOTIFYTYPE_U32: the one type of the plug-in's notifications.
+constexpr unsigned int SDO_NOTIFYTYPE_ALERT = 3070;
 
 // Property ids. An attribute without a property bears the id 0.
 constexpr unsigned int SSPROP_NONE = 0;

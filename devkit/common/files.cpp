@@ -37,10 +37,10 @@ class Descriptor
 // run in a circle.
 std::optional<std::filesystem::path> resolved(std::filesystem::path path)
 {
-    constexpr int kMostLinks = 40;
+    constexpr int MOST_LINKS = 40;
     std::error_code error;
     for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
-        if (links == kMostLinks)
+        if (links == MOST_LINKS)
             return std::nullopt;
         path = path.parent_path() / std::filesystem::read_symlink(path, error);
     }

@@ -5,14 +5,14 @@ namespace devkit
 
 std::string quoted(std::string_view text)
 {
-    static constexpr char kHexDigits[] = "0123456789abcdef";
+    static constexpr char HEX_DIGITS[] = "0123456789abcdef";
     std::string result = "\"";
     for (const char character : text) {
         const unsigned int code = static_cast<unsigned char>(character);
         if (character == '"' || character == '\\')
             (result += '\\') += character;
         else if (code < 0x20 || code == 0x7f)
-            ((result += "\\x") += kHexDigits[code >> 4]) += kHexDigits[code & 0xf];
+            ((result += "\\x") += HEX_DIGITS[code >> 4]) += HEX_DIGITS[code & 0xf];
         else
             result += character;
     }

@@ -5,14 +5,14 @@
 namespace
 {
 
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view BLANKS = " \t\r";
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(kBlanks);
+    const std::size_t first = text.find_first_not_of(BLANKS);
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
 }
 
 } // namespace
@@ -48,7 +48,7 @@ IniText::Line IniText::parse(std::string_view text, std::string_view end)
         if (equals != std::string_view::npos) {
             line.kind = Kind::PAIR;
             line.name = trimmed(text.substr(0, equals));
-            line.value = std::min(text.find_first_not_of(kBlanks, equals + 1), text.size());
+            line.value = std::min(text.find_first_not_of(BLANKS, equals + 1), text.size());
         }
     }
     return line;

@@ -16,7 +16,7 @@ class Morlan
 {
   public:
     // Status of a call that failed by itself.
-    static constexpr int kFailed = 1;
+    static constexpr int FAILED = 1;
 
     // Never destroyed: threads of the library and destructors of other ones may come after the exit handlers.
     static Morlan& instance();

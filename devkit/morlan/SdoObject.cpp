@@ -7,13 +7,13 @@
 namespace
 {
 
-constexpr std::uint32_t kMagic = 0x53444f43;
+constexpr std::uint32_t MAGIC = 0x53444f43;
 
 std::atomic<unsigned int> g_live{0};
 
 } // namespace
 
-SdoObject::SdoObject() : m_magic(kMagic)
+SdoObject::SdoObject() : m_magic(MAGIC)
 {
     ++g_live;
 }
@@ -35,7 +35,7 @@ SdoObject* SdoObject::fromHandle(void* handle)
 const SdoObject* SdoObject::fromHandle(const void* handle)
 {
     const auto* const object = static_cast<const SdoObject*>(handle);
-    return object != nullptr && object->m_magic == kMagic ? object : nullptr;
+    return object != nullptr && object->m_magic == MAGIC ? object : nullptr;
 }
 
 SdoObject* SdoObject::cloneOf(const void* handle)

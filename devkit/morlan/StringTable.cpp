@@ -18,20 +18,20 @@
 namespace
 {
 
-constexpr std::size_t kRestingBlocks = 16;
+constexpr std::size_t RESTING_BLOCKS = 16;
 
 // A resting block is as good as freed: AddressSanitizer is to report whoever still reads it.
 void forbid([[maybe_unused]] char* block)
 {
 #ifdef MORLAN_ADDRESS_SANITIZER
-    ASAN_POISON_MEMORY_REGION(block, StringTable::kRoom);
+    ASAN_POISON_MEMORY_REGION(block, StringTable::ROOM);
 #endif
 }
 
 void allow([[maybe_unused]] char* block)
 {
 #ifdef MORLAN_ADDRESS_SANITIZER
-    ASAN_UNPOISON_MEMORY_REGION(block, StringTable::kRoom);
+    ASAN_UNPOISON_MEMORY_REGION(block, StringTable::ROOM);
 #endif
 }
 
@@ -39,7 +39,7 @@ void allow([[maybe_unused]] char* block)
 
 char* StringTable::create()
 {
-    Block block(new (std::nothrow) char[kRoom]());
+    Block block(new (std::nothrow) char[ROOM]());
     char* const string = block.get();
     if (string == nullptr)
         return nullptr;
@@ -56,7 +56,7 @@ bool StringTable::assign(void* string, std::string_view text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto found = m_live.find(string);
-    if (found == m_live.end() || text.size() >= kRoom)
+    if (found == m_live.end() || text.size() >= ROOM)
         return false;
     char* const block = found->second.get();
     std::memcpy(block, text.data(), text.size());
@@ -68,7 +68,7 @@ std::size_t StringTable::length(const void* string) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto found = m_live.find(string);
-    return found == m_live.end() ? 0 : strnlen(found->second.get(), kRoom);
+    return found == m_live.end() ? 0 : strnlen(found->second.get(), ROOM);
 }
 
 void StringTable::destroy(void* string)
@@ -80,7 +80,7 @@ void StringTable::destroy(void* string)
     forbid(found->second.get());
     m_resting.push_back(std::move(found->second));
     m_live.erase(found);
-    if (m_resting.size() > kRestingBlocks) {
+    if (m_resting.size() > RESTING_BLOCKS) {
         allow(m_resting.front().get());
         m_resting.pop_front();
     }

@@ -14,7 +14,7 @@ class StringTable
 {
   public:
     // Room of a string, terminator included.
-    static constexpr std::size_t kRoom = 4096;
+    static constexpr std::size_t ROOM = 4096;
 
     // An empty string; its address is that of its first character. Null without memory.
     char* create();

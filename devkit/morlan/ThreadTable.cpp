@@ -8,7 +8,7 @@ namespace
 {
 
 // The time between two wakes of a thread that is to end. One alone may come just before it goes to sleep.
-constexpr std::chrono::milliseconds kWakeInterval{5};
+constexpr std::chrono::milliseconds WAKE_INTERVAL{5};
 
 } // namespace
 
@@ -97,7 +97,7 @@ bool ThreadTable::stop(void* thread)
     while (!found->ended) {
         if (m_wake.acquire())
             m_wake.send(found->thread.native_handle());
-        m_changed.wait_for(lock, kWakeInterval, [found] { return found->ended; });
+        m_changed.wait_for(lock, WAKE_INTERVAL, [found] { return found->ended; });
     }
     join(lock, *found);
     return true;

@@ -46,13 +46,13 @@ std::string threadText(void* thread)
 int privateIniValue(const char* section, const char* key, char* buffer, unsigned int* size)
 {
     if (section == nullptr || key == nullptr || buffer == nullptr || size == nullptr || *size == 0)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     const std::optional<std::string> file = library().privateIni.get();
     if (!file)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     const std::optional<std::string> value = IniFile(*file).value(section, key);
     if (!value)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     const std::size_t length = std::min<std::size_t>(value->size(), *size - 1);
     std::memcpy(buffer, value->data(), length);
     buffer[length] = '\0';
@@ -88,21 +88,21 @@ int SMMutexLock(void* mutex, int timeout)
 {
     if (const auto fault = library().faults.enter(__func__))
         return *fault;
-    return library().mutexes.lock(mutex, timeout) ? 0 : Morlan::kFailed;
+    return library().mutexes.lock(mutex, timeout) ? 0 : Morlan::FAILED;
 }
 
 int SMMutexUnLock(void* mutex)
 {
     if (const auto fault = library().faults.enter(__func__))
         return *fault;
-    return library().mutexes.unlock(mutex) ? 0 : Morlan::kFailed;
+    return library().mutexes.unlock(mutex) ? 0 : Morlan::FAILED;
 }
 
 int SMMutexDestroy(void* mutex)
 {
     if (const auto fault = library().faults.enter(__func__))
         return *fault;
-    return library().mutexes.destroy(mutex) ? 0 : Morlan::kFailed;
+    return library().mutexes.destroy(mutex) ? 0 : Morlan::FAILED;
 }
 
 void* SMThreadStart(void (*function)(void*), void* argument)
@@ -122,7 +122,7 @@ int SMThreadStop(void* thread)
     if (const auto fault = library().faults.enter(__func__))
         status = *fault;
     else if (!library().threads.stop(thread))
-        status = Morlan::kFailed;
+        status = Morlan::FAILED;
     report([&] { return "SMThreadStop(" + threadText(thread) + ")" + statusText(status); });
     return status;
 }
@@ -142,7 +142,7 @@ int SMLibUnLoad(void* loaded)
     if (const auto fault = library().faults.enter(__func__))
         status = *fault;
     else if (loaded == nullptr || dlclose(loaded) != 0)
-        status = Morlan::kFailed;
+        status = Morlan::FAILED;
     report([&] {
         return (loaded == nullptr ? "SMLibUnLoad(null)" : "SMLibUnLoad(library)") + statusText(status);
     });
@@ -158,7 +158,7 @@ void* sm_create()
 
 int GetIniFilePath(void* string)
 {
-    int status = Morlan::kFailed;
+    int status = Morlan::FAILED;
     std::optional<std::string> path;
     if (const auto fault = library().faults.enter(__func__)) {
         status = *fault;
@@ -202,7 +202,7 @@ int SMWriteINIPathFileValue(const char* section, const char* key, int type, cons
                             unsigned int size, const char* path, int flag)
 {
     const char* const text = isTextArgument(value, size) ? static_cast<const char*>(value) : nullptr;
-    int status = Morlan::kFailed;
+    int status = Morlan::FAILED;
     if (const auto fault = library().faults.enter(__func__))
         status = *fault;
     else if (section != nullptr && key != nullptr && text != nullptr && path != nullptr &&

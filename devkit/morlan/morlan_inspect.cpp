@@ -35,7 +35,7 @@ void morlan_set_call_sink(devkit_text_sink sink, void* context)
 
 int morlan_fail_call(const char* call, unsigned int nth, unsigned int count, int status)
 {
-    return library().faults.plan(call, nth, count, status) ? 0 : Morlan::kFailed;
+    return library().faults.plan(call, nth, count, status) ? 0 : Morlan::FAILED;
 }
 
 void morlan_clear_faults()
@@ -75,7 +75,7 @@ unsigned int morlan_running_threads()
 
 int morlan_wait_threads(unsigned int milliseconds)
 {
-    return library().threads.waitUntilNoneRuns(std::chrono::milliseconds(milliseconds)) ? 0 : Morlan::kFailed;
+    return library().threads.waitUntilNoneRuns(std::chrono::milliseconds(milliseconds)) ? 0 : Morlan::FAILED;
 }
 
 unsigned int morlan_sdo_property_count(const void* object)
@@ -89,7 +89,7 @@ int morlan_sdo_property_at(const void* object, unsigned int index, unsigned shor
 {
     const SdoObject* const source = SdoObject::fromHandle(object);
     if (source == nullptr || index >= source->properties().size())
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     const SdoObject::Property& property = source->properties()[index];
     const bool nested = property.nested != nullptr;
     *id = property.id;

@@ -43,7 +43,7 @@ int SMSDOConfigFree(void* object)
 {
     if (const auto fault = faults().enter(__func__))
         return *fault;
-    return SdoObject::free(object) ? 0 : Morlan::kFailed;
+    return SdoObject::free(object) ? 0 : Morlan::FAILED;
 }
 
 void* SMSDOConfigClone(const void* object)
@@ -60,18 +60,18 @@ int SMSDOConfigAddData(void* object, unsigned short id, unsigned char type, cons
         return *fault;
     SdoObject* const target = SdoObject::fromHandle(object);
     if (target == nullptr)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     try {
         if (type == SDO_TYPE_SDOCONFIG) {
             SdoObject* const nested = SdoObject::fromHandle(const_cast<void*>(value));
-            return nested != nullptr && target->setNested(id, type, nested) ? 0 : Morlan::kFailed;
+            return nested != nullptr && target->setNested(id, type, nested) ? 0 : Morlan::FAILED;
         }
         if (value == nullptr || size == 0)
-            return Morlan::kFailed;
+            return Morlan::FAILED;
         target->set(id, type, value, size);
         return 0;
     } catch (const std::bad_alloc&) {
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     }
 }
 
@@ -83,10 +83,10 @@ int SMSDOConfigGetDataByID(const void* object, unsigned short id, int index, voi
     const SdoObject::Property* const property = source == nullptr ? nullptr : source->find(id);
     // There is one value per id, the one at index 0.
     if (property == nullptr || index != 0 || value == nullptr || size == nullptr)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     const Bytes bytes = bytesOf(*property);
     if (bytes.size > *size)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     std::memcpy(value, bytes.data, bytes.size);
     *size = static_cast<unsigned int>(bytes.size);
     return 0;
@@ -99,7 +99,7 @@ int GetProperty2(const void* object, unsigned short id, void** value, unsigned c
     const SdoObject* const source = SdoObject::fromHandle(object);
     const SdoObject::Property* const property = source == nullptr ? nullptr : source->find(id);
     if (property == nullptr || value == nullptr || type == nullptr || size == nullptr)
-        return Morlan::kFailed;
+        return Morlan::FAILED;
     const Bytes bytes = bytesOf(*property);
     *value = const_cast<void*>(bytes.data);
     *type = property->type;

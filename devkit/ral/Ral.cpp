@@ -59,7 +59,7 @@ int Ral::insertObject(void* object, void* parent)
     } else {
         const std::lock_guard<std::mutex> storing(m_storing);
         if (!m_store.insert(inserted, parent, changes))
-            status = kUnknown;
+            status = UNKNOWN;
     }
     announce(changes);
     report(
@@ -81,7 +81,7 @@ int Ral::deleteObject(void* object, int arg1, int arg2)
     } else {
         const std::lock_guard<std::mutex> storing(m_storing);
         if (!m_store.remove(object, changes))
-            status = kUnknown;
+            status = UNKNOWN;
     }
     announce(changes);
     report(
@@ -102,7 +102,7 @@ int Ral::linkObjects(void* upper, void* lower)
     } else {
         const std::lock_guard<std::mutex> storing(m_storing);
         if (!m_store.link(upper, lower))
-            status = kUnknown;
+            status = UNKNOWN;
     }
     report([&] { return "RalLinkObjects(" + describe(upper) + ", " + describe(lower) + ")"; }, status);
     return status;
@@ -116,13 +116,13 @@ int Ral::listAssociatedObjects(void* object, unsigned int type, void*** list, un
     if (const auto fault = faults.enter("RalListAssociatedObjects")) {
         status = *fault;
     } else if (list == nullptr || count == nullptr) {
-        status = kFailed;
+        status = FAILED;
     } else {
         *list = nullptr;
         *count = 0;
         std::vector<ObjectStore::Sdo> objects;
         const std::lock_guard<std::mutex> storing(m_storing);
-        status = m_store.listAssociated(object, type, objects) ? makeList(objects, list, count) : kUnknown;
+        status = m_store.listAssociated(object, type, objects) ? makeList(objects, list, count) : UNKNOWN;
         found = *count;
     }
     if (callSink.isSet()) {
@@ -143,7 +143,7 @@ int Ral::makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, un
         copies.push_back(morlan_sdo_clone(object.get()));
     if (std::find(copies.begin(), copies.end(), nullptr) != copies.end()) {
         std::for_each(copies.begin(), copies.end(), morlan_sdo_free);
-        return kFailed;
+        return FAILED;
     }
     // The caller may write to its list; what is to be freed is remembered apart from it.
     *list = new void*[copies.size()];
@@ -167,7 +167,7 @@ int Ral::listFree(void** list, unsigned int count)
             m_lists.erase(found);
             delete[] list;
         } else if (list != nullptr || count != 0) {
-            status = kUnknown;
+            status = UNKNOWN;
         }
     }
     report([&] { return "RalListFree(" + std::to_string(count) + ")"; }, status);
@@ -182,7 +182,7 @@ int Ral::sendNotification(void* object)
     if (const auto fault = faults.enter("RalSendNotification"))
         status = *fault;
     else if (object == nullptr)
-        status = kUnknown;
+        status = UNKNOWN;
     else
         notificationSink.call(static_cast<const void*>(object));
     report([&] { return "RalSendNotification(" + describeNotification(object) + ")"; }, status);

@@ -17,9 +17,9 @@
 class Ral
 {
   public:
-    static constexpr int kFailed = 1;
+    static constexpr int FAILED = 1;
     // Status for an object that is not there.
-    static constexpr int kUnknown = 256;
+    static constexpr int UNKNOWN = 256;
 
     // Never destroyed: threads may still be calling when the process ends.
     static Ral& instance();

@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr char kAbsent[] = "absent";
+constexpr char ABSENT[] = "absent";
 
 struct Property {
     unsigned char type;
@@ -71,18 +71,18 @@ std::string numberText(const Property& property)
 
 std::string bytesText(const Property& property)
 {
-    static constexpr char kHexDigits[] = "0123456789abcdef";
+    static constexpr char HEX_DIGITS[] = "0123456789abcdef";
     std::string result = "0x";
     const auto* const bytes = static_cast<const unsigned char*>(property.value);
     for (unsigned int index = 0; index < property.size; ++index)
-        (result += kHexDigits[bytes[index] >> 4]) += kHexDigits[bytes[index] & 0xf];
+        (result += HEX_DIGITS[bytes[index] >> 4]) += HEX_DIGITS[bytes[index] & 0xf];
     return result;
 }
 
 std::string valueText(const std::optional<Property>& property)
 {
     if (!property)
-        return kAbsent;
+        return ABSENT;
     if (property->type == SDO_TYPE_SDOCONFIG)
         return '(' + describe(property->value) + ')';
     if (property->type == SDO_TYPE_ASTRING) {

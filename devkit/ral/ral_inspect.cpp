@@ -87,7 +87,7 @@ void ral_set_call_sink(devkit_text_sink sink, void* context)
 
 int ral_fail_call(const char* call, unsigned int nth, unsigned int count, int status)
 {
-    return Ral::instance().faults.plan(call, nth, count, status) ? 0 : Ral::kFailed;
+    return Ral::instance().faults.plan(call, nth, count, status) ? 0 : Ral::FAILED;
 }
 
 void ral_clear_faults()

@@ -3,7 +3,6 @@
 #include "discovery/CMarvelSubSystemMgr.h"
 #include "discovery/CSubSystemFactory.h"
 #include "entry/CCommandHandler_Helper.h"
-#include "entry/ControlCommand.h"
 #include "support/CCriticalSection.h"
 #include "support/CLogger.h"
 #include "support/Distinct.h"
@@ -13,6 +12,7 @@
 #include "vendor/CLibraryManager.h"
 
 #include <sdo.h>
+#include <zarnek.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -87,7 +87,7 @@ unsigned int CCommandHandler::navigator(unsigned int command, void* input, void*
 
     short status = stg::STATUS_SUCCESS;
     switch (command) {
-    case stg::COMMAND_INITIALIZE:
+    case ZARNEK_CMD_INITIALIZE:
         log("Initialize");
         status = initialize();
         if (status == stg::STATUS_SUCCESS) {
@@ -97,42 +97,42 @@ unsigned int CCommandHandler::navigator(unsigned int command, void* input, void*
             log("ZARNEK initialization is successful.");
         }
         break;
-    case stg::COMMAND_START_MONITORING:
+    case ZARNEK_CMD_START_MONITORING:
         log("Start_Monitoring.");
         status = startMonitoring();
         if (status == stg::STATUS_SUCCESS)
             log("ZARNEK Start_Monitoring is successful.");
         break;
-    case stg::COMMAND_DISCOVER:
+    case ZARNEK_CMD_DISCOVER:
         log("Discover");
         status = discoverAllControllers(*static_cast<const unsigned int*>(input),
                                         static_cast<unsigned int*>(*output));
         if (status == stg::STATUS_SUCCESS)
             log("ZARNEK Discovery is successful.");
         break;
-    case stg::COMMAND_TERMINATE:
+    case ZARNEK_CMD_TERMINATE:
         log("Terminate");
         log("ZARNEK Terminate is being invoked from pld_sm_zarnek_entry().");
         break;
-    case stg::COMMAND_STOP_MONITORING:
+    case ZARNEK_CMD_STOP_MONITORING:
         log("Stop_Monitoring.");
         status = destroyAllResources();
         if (status == stg::STATUS_SUCCESS)
             log("ZARNEK Stop_Monitoring is successful.");
         break;
-    case stg::COMMAND_NO_OPERATION_26:
-    case stg::COMMAND_NO_OPERATION_27:
-    case stg::COMMAND_NO_OPERATION_29:
+    case ZARNEK_CMD_NO_OPERATION_26:
+    case ZARNEK_CMD_NO_OPERATION_27:
+    case ZARNEK_CMD_NO_OPERATION_29:
         break;
-    case stg::COMMAND_UNSUPPORTED_24:
-    case stg::COMMAND_UNSUPPORTED_28:
-    case stg::COMMAND_UNSUPPORTED_30:
+    case ZARNEK_CMD_UNSUPPORTED_24:
+    case ZARNEK_CMD_UNSUPPORTED_28:
+    case ZARNEK_CMD_UNSUPPORTED_30:
         log("Fallen into default case of Control Command.");
-        status = stg::STATUS_UNSUPPORTED;
+        status = ZARNEK_STATUS_UNSUPPORTED;
         break;
     default:
-        status = stg::STATUS_UNSUPPORTED;
-        if (command < stg::COMMAND_FIRST) {
+        status = ZARNEK_STATUS_UNSUPPORTED;
+        if (command < ZARNEK_CMD_FIRST) {
             stg::lout << "ZARNEK:CCommandHandler::navigator(): command not supported - " << command << '\n';
             scope.skipExit();
         }

@@ -1,18 +1,18 @@
-#include "entry/libpld_sm_zarnek_entry.h"
-
 #include "entry/CCommandHandler.h"
-#include "entry/ControlCommand.h"
 #include "support/CLogger.h"
 #include "support/LogScope.h"
-#include "support/Status.h"
 
-unsigned int libpld_sm_zarnek_entry(unsigned int command, void* input, void** output)
+#include <zarnek.h>
+
+// The one symbol that the library exports.
+extern "C" __attribute__((visibility("default"))) unsigned int
+libpld_sm_zarnek_entry(unsigned int command, void* input, void** output)
 {
     static constexpr char LABEL[] = "ZARNEK:pld_sm_zarnek_entry()";
     const stg::LogScope scope(LABEL);
 
     unsigned int status = CCommandHandler::getUniqueInstance()->navigator(command, input, output);
-    if (status == stg::STATUS_SUCCESS && command == stg::COMMAND_TERMINATE) {
+    if (status == ZARNEK_STATUS_DONE && command == ZARNEK_CMD_TERMINATE) {
         stg::lout << LABEL << ": "
                   << "Releasing CCommand Handler Instance and Going to Terminate The Process." << '\n';
         status = static_cast<unsigned int>(CCommandHandler::destroyMe());

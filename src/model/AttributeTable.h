@@ -79,10 +79,9 @@ constexpr bool isSound(const std::array<Row<Object>, Size>& rows, std::size_t li
 {
     std::size_t listed = 0;
     for (std::size_t row = 0; row < Size; ++row) {
-        for (std::size_t other = 0; other < row; ++other) {
+        for (std::size_t other = 0; other < row; ++other)
             if (std::string_view(rows[row].name) == rows[other].name)
                 return false;
-        }
         if (!rows[row].listed())
             continue;
         ++listed;
@@ -133,10 +132,9 @@ inline void setKeyValPair(AttribTypeMap& table, std::string name, std::string ty
 template <class Object, std::size_t Size>
 void fillTable(const std::array<Row<Object>, Size>& rows)
 {
-    for (const Row<Object>& row : rows) {
+    for (const Row<Object>& row : rows)
         if (row.listed())
             Object::setKeyValPair(row.name, row.tag, row.propertyId);
-    }
 }
 
 // Adds an entry unless the name is there.

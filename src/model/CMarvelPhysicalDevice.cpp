@@ -40,10 +40,9 @@ unsigned int capableSpeed(unsigned int featureFlags)
     };
     static constexpr SpeedBit BITS[] = {
         {1U << 10, SPEED_12G}, {1U << 7, SPEED_6G}, {1U << 3, SPEED_3G}, {1U << 2, SPEED_1_5G}};
-    for (const SpeedBit& bit : BITS) {
+    for (const SpeedBit& bit : BITS)
         if ((featureFlags & bit.mask) != 0)
             return bit.speed;
-    }
     return SPEED_NONE;
 }
 

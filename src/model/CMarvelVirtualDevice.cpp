@@ -97,10 +97,9 @@ unsigned int CMarvelVirtualDevice::mapVDRaidMode(unsigned int raidMode)
     };
 
     const stg::LogScope scope("ZARNEK: CMarvelVirtualDevice:setVDMode");
-    for (const Level& level : LEVELS) {
+    for (const Level& level : LEVELS)
         if (level.raidMode == raidMode)
             setVDRaidMode(level.code);
-    }
     return stg::STATUS_SUCCESS;
 }
 

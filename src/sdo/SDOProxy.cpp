@@ -322,10 +322,9 @@ unsigned int SDOProxy::readBack(Object& object, std::list<std::string> names, At
     std::for_each(names.begin(), names.end(), SDOProxy_Helper(*this, &types, &values));
     // What was read as text stands in a block of characters; the object's setters take strings.
     std::list<std::string> texts;
-    for (auto& value : values) {
+    for (auto& value : values)
         if (value.second == m_StringValue)
             value.second = &texts.emplace_back(textFromField(m_StringValue, TEXT_SIZE));
-    }
     object = values;
     return status;
 }

@@ -6,9 +6,8 @@ namespace stg
 {
 
 constexpr int STATUS_SUCCESS = 0;
-constexpr int STATUS_FAILURE = 1;        // a failure of the plug-in's own
-constexpr int STATUS_NO_MATCH = 256;     // a search in the data engine found nothing
-constexpr int STATUS_UNSUPPORTED = 2052; // a control command that the plug-in does not take
+constexpr int STATUS_FAILURE = 1;    // a failure of the plug-in's own
+constexpr int STATUS_NO_MATCH = 256; // a search in the data engine found nothing
 
 // A number not yet known, in fields; all devices, in arguments.
 constexpr unsigned int NUMBER_UNKNOWN = 0xFFFFFFFF;

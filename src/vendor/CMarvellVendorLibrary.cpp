@@ -73,10 +73,9 @@ CMarvellVendorLibrary::CMarvellVendorLibrary(std::string vendorId, std::string l
         [] {
             if (std::size(ENTRY_POINTS) != std::size(SYMBOLS))
                 return false;
-            for (std::size_t row = 0; row < std::size(SYMBOLS); ++row) {
+            for (std::size_t row = 0; row < std::size(SYMBOLS); ++row)
                 if (ENTRY_POINTS[row].symbol != SYMBOLS[row])
                     return false;
-            }
             return true;
         }(),
         "the table binds the library's entry points in the order of its interface");

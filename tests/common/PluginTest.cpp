@@ -10,7 +10,7 @@
 #include "vendor/CLibraryManager.h"
 
 #include "morlan/morlan_inspect.h"
-#include "mvsim/mvsim_control.h"
+#include "mvsim/api/mvsim_control.h"
 #include "ral/ral_inspect.h"
 
 #include <sdo.h>

@@ -4,7 +4,6 @@
 #include "discovery/CSubSystemFactory.h"
 #include "entry/CCommandHandler.h"
 #include "entry/CCommandHandler_Helper.h"
-#include "entry/libpld_sm_zarnek_entry.h"
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
 #include "events/CMarvelEvtSubject.h"
@@ -15,6 +14,7 @@
 #include "vendor/CMarvellVendorLibrary.h"
 
 #include <sdo.h>
+#include <zarnek.h>
 
 #include <cstdint>
 #include <cstdlib>

@@ -22,14 +22,14 @@ class Installation
     Installation()
     {
         morlan_set_install_path(m_folder.path().c_str());
-        morlan_set_private_ini(m_folder.path(FILE).c_str());
+        morlan_set_private_ini(m_folder.path(MAPPING).c_str());
         morlan_set_debug_sink([](void*, const char*) {}, nullptr);
     }
-    void write(const std::string& content) const { m_folder.write(FILE, content); }
-    std::string content() const { return m_folder.read(FILE); }
+    void write(const std::string& content) const { m_folder.write(MAPPING, content); }
+    std::string content() const { return m_folder.read(MAPPING); }
 
   private:
-    static constexpr const char* FILE = stg::ALERT_MAPPING_FILE + 1;
+    static constexpr const char* MAPPING = stg::ALERT_MAPPING_FILE + 1;
     TempFolder m_folder;
 };
 

@@ -1,7 +1,7 @@
 // Any bytes as a scenario file: it is played, or refused in one line that begins with the file's name.
 #include "common/TempFolder.h"
 #include "fuzz/demand.h"
-#include "mvsim/mvsim_control.h"
+#include "mvsim/api/mvsim_control.h"
 
 #include <array>
 #include <cstdint>

@@ -174,15 +174,15 @@ TEST_F(Ini, AFailedWriteLeavesEverythingAsItWas)
 
 TEST_F(Ini, ReadersSeeOldOrNewAndWritersLoseNothing)
 {
-    constexpr int kWriters = 4;
-    constexpr int kKeys = 20;
+    constexpr int WRITERS = 4;
+    constexpr int KEYS = 20;
     const std::string filler(60000, '#');
     folder.write("f.ini", filler + "\n[End]\nwhole=1\n");
-    std::atomic<int> writing{kWriters};
+    std::atomic<int> writing{WRITERS};
     std::vector<std::thread> writers;
-    for (int writer = 0; writer < kWriters; ++writer)
+    for (int writer = 0; writer < WRITERS; ++writer)
         writers.emplace_back([&, section = "W" + std::to_string(writer)] {
-            for (int key = 0; key < kKeys; ++key)
+            for (int key = 0; key < KEYS; ++key)
                 writeValue(folder.path("f.ini"), section.c_str(), std::to_string(key).c_str(), "v");
             --writing;
         });
@@ -193,8 +193,8 @@ TEST_F(Ini, ReadersSeeOldOrNewAndWritersLoseNothing)
     for (std::thread& writer : writers)
         writer.join();
     EXPECT_EQ(torn, 0);
-    for (int writer = 0; writer < kWriters; ++writer)
-        for (int key = 0; key < kKeys; ++key)
+    for (int writer = 0; writer < WRITERS; ++writer)
+        for (int key = 0; key < KEYS; ++key)
             EXPECT_EQ(privateValue(("W" + std::to_string(writer)).c_str(), std::to_string(key).c_str()), "v");
 }
 

@@ -4,8 +4,8 @@
 
 #include "common/LineLog.h"
 #include "common/TempFolder.h"
-#include "mv.h"
-#include "mvsim/mvsim_control.h"
+#include "mvsim/api/mvsim_control.h"
+#include <mv.h>
 
 #include <gmock/gmock.h>
 

@@ -6,7 +6,7 @@ namespace
 
 using testing::Each;
 
-const std::string kFiveDisks =
+const std::string FIVE_DISKS =
     R"("disks": [{"id": 40, "slot": 0, "repeat": 3}, {"id": 90, "slot": 7, "gone": true},
     {"id": 50, "slot": 3, "repeat": 2}], "virtualDisks": [{"id": 3}, {"id": 8, "logicalDrive": 1}])";
 
@@ -14,7 +14,7 @@ using CallsTest = SimTest;
 
 TEST_F(CallsTest, ListsAndSingleDevices)
 {
-    loadAdapter(kFiveDisks);
+    loadAdapter(FIVE_DISKS);
     const struct {
         std::uint8_t type;
         std::uint16_t start;
@@ -46,7 +46,7 @@ TEST_F(CallsTest, ListsAndSingleDevices)
 
 TEST_F(CallsTest, AdaptersThatAreNotThere)
 {
-    loadAdapter(kFiveDisks);
+    loadAdapter(FIVE_DISKS);
     LineLog log;
     mvsim_set_call_sink(&LineLog::sink, &log);
     _Event event{};
@@ -73,7 +73,7 @@ TEST_F(CallsTest, PlannedFailures)
             EXPECT_EQ(MV_Adapter_GetConfig(0, nullptr, &config), status) << rule;
         }
     }
-    loadAdapter(kFiveDisks + R"(, "fail": {"MV_PD_GetConfig": 1, "MV_LD_GetInfo": 256})",
+    loadAdapter(FIVE_DISKS + R"(, "fail": {"MV_PD_GetConfig": 1, "MV_LD_GetInfo": 256})",
                 R"("fail": {"MV_API_Version": 4})");
     EXPECT_THAT(list(&MV_PD_GetConfig).entries, Each(0xee)) << "nothing is written";
     EXPECT_EQ(list(&MV_LD_GetInfo).returned, 2U) << "callers see the low byte alone, a success";
@@ -94,7 +94,7 @@ TEST_F(CallsTest, AnswersOfAnotherLength)
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.rule);
-        loadAdapter(kFiveDisks + R"(, "answers": {"MV_PD_GetConfig": )" + row.rule + "}");
+        loadAdapter(FIVE_DISKS + R"(, "answers": {"MV_PD_GetConfig": )" + row.rule + "}");
         const Answer answer = list(&MV_PD_GetConfig);
         EXPECT_EQ(answer.returned, row.claimed);
         EXPECT_TRUE(row.filled == 0 || answer.entries[row.filled * 8 - 1] != 0xee);

@@ -1,6 +1,6 @@
 // What is shipped fits together: event codes, alert mapping and their description.
-#include "mvsim/EventCodes.h"
 #include "mvsim/SimTest.h"
+#include "mvsim/api/EventCodes.h"
 
 #include <set>
 
@@ -25,7 +25,7 @@ TEST_F(ShippedTest, EveryEventCodeHasItsAlert)
     const char* const sections[] = {"[Adapter]", "[VirtualDevice]", "[PhysicalDevice]"};
     const char* const classes[] = {"controller", "virtualDisk", "physicalDisk"};
     std::set<unsigned long> alerts;
-    for (const mvsim::EventCode& row : mvsim::kEventCodes) {
+    for (const mvsim::EventCode& row : mvsim::EVENT_CODES) {
         SCOPED_TRACE(row.name);
         const std::size_t start = mapping.find(sections[row.eventClass]);
         const std::string section = mapping.substr(start, mapping.find("\n[", start) - start);

@@ -19,7 +19,7 @@ struct Family {
     unsigned short member; // property with the number within the controller
 };
 
-constexpr Family kFamilies[] = {
+constexpr Family FAMILIES[] = {
     {"ctl", SDO_OBJTYPE_CONTROLLER, SSPROP_NONE},
     {"pd", SDO_OBJTYPE_PHYSICAL_DISK, SSPROP_SLOTNUM_U32},
     {"vd", SDO_OBJTYPE_VIRTUAL_DISK, SSPROP_LOGICALDRIVENUM_U32},
@@ -53,7 +53,7 @@ void* make(const std::string& name, std::uint32_t status)
     unsigned int controller = 0;
     unsigned int member = 0;
     std::sscanf(name.c_str(), "%3[a-z]%u.%u", prefix, &controller, &member);
-    for (const Family& family : kFamilies) {
+    for (const Family& family : FAMILIES) {
         if (std::strcmp(prefix, family.prefix) != 0)
             continue;
         std::vector<std::uint32_t> nexus{SSPROP_GLOBALCONTROLLERNUM_U32};
@@ -78,7 +78,7 @@ std::string nameOf(const void* object)
     const std::optional<std::uint32_t> type = number(object, SSPROP_OBJTYPE_U32);
     const std::optional<std::uint32_t> controller = number(object, SSPROP_GLOBALCONTROLLERNUM_U32);
     const std::uint32_t status = number(object, SSPROP_STATUS_U32).value_or(0);
-    for (const Family& family : kFamilies)
+    for (const Family& family : FAMILIES)
         if (type == family.type && controller) {
             std::string name = family.prefix + std::to_string(*controller);
             if (family.member != SSPROP_NONE)

@@ -77,8 +77,8 @@ TEST_F(Tree, ANewParentTakesTheObjectOver)
 
 TEST_F(Tree, AnObjectWithoutTypeOrNexusIsKeptApart)
 {
-    constexpr unsigned short kSingle[] = {SSPROP_OBJTYPE_U32, SSPROP_NEXUS_U32};
-    for (const unsigned short id : kSingle) {
+    constexpr unsigned short SINGLE[] = {SSPROP_OBJTYPE_U32, SSPROP_NEXUS_U32};
+    for (const unsigned short id : SINGLE) {
         void* const object = SMSDOConfigAlloc();
         addU32(object, id, SDO_OBJTYPE_PHYSICAL_DISK);
         EXPECT_EQ(RalInsertObject(object, make("ctl0")), 0);
@@ -151,18 +151,18 @@ TEST_F(Tree, AListIsACopyUntilItIsGivenBack)
 
 TEST_F(Tree, SeveralThreadsMayInsertLinkAndList)
 {
-    constexpr unsigned int kThreads = 4;
-    constexpr unsigned int kDisks = 25;
+    constexpr unsigned int THREADS = 4;
+    constexpr unsigned int DISKS = 25;
     // Calls are reported one after the other, so a sink needs no lock of its own.
     unsigned int inserted = 0;
     ral_set_change_sink(
         [](void* context, ral_change, const void*, const void*) { ++*static_cast<unsigned int*>(context); },
         &inserted);
     std::vector<std::thread> threads;
-    for (unsigned int thread = 0; thread < kThreads; ++thread)
+    for (unsigned int thread = 0; thread < THREADS; ++thread)
         threads.emplace_back([thread] {
-            for (unsigned int disk = 0; disk < kDisks; ++disk) {
-                const std::string name = "pd1." + std::to_string(1000 + disk * kThreads + thread);
+            for (unsigned int disk = 0; disk < DISKS; ++disk) {
+                const std::string name = "pd1." + std::to_string(1000 + disk * THREADS + thread);
                 EXPECT_EQ(insertObject(name, "ctl1"), 0);
                 EXPECT_EQ(linkObjects("vd0.0", name), 0);
                 EXPECT_NE(listObjects("ctl1", SDO_OBJTYPE_PHYSICAL_DISK).find(name), std::string::npos);
@@ -171,7 +171,7 @@ TEST_F(Tree, SeveralThreadsMayInsertLinkAndList)
         });
     for (std::thread& thread : threads)
         thread.join();
-    EXPECT_EQ(inserted, kThreads * kDisks);
+    EXPECT_EQ(inserted, THREADS * DISKS);
 }
 
 } // namespace

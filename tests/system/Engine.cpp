@@ -1,7 +1,7 @@
 #include "system/Engine.h"
 
 #include "morlan/morlan_inspect.h"
-#include "mvsim/mvsim_control.h"
+#include "mvsim/api/mvsim_control.h"
 #include "ral/ral_inspect.h"
 
 #include <sdo.h>

@@ -4,7 +4,7 @@
 #include "common/LeaksByDesign.h"
 
 #include "morlan/morlan_inspect.h"
-#include "mvsim/mvsim_control.h"
+#include "mvsim/api/mvsim_control.h"
 #include "ral/ral_inspect.h"
 
 #include <morlan.h>

@@ -10,19 +10,19 @@ namespace
 using Pairs = std::map<unsigned int, unsigned int>;
 using IniTest = PluginTest;
 
-const std::string kPath = "ZARNEK: stg::getVRAXInstallPath()";
-const std::string kEmpty = kPath + ": str is empty.";
-const std::string kResult = kPath + ": VRAX Install Path: ";
-constexpr char kFile[] = "/MarvelAlertMapping.ini";
+const std::string PATH = "ZARNEK: stg::getVRAXInstallPath()";
+const std::string EMPTY = PATH + ": str is empty.";
+const std::string RESULT = PATH + ": VRAX Install Path: ";
+constexpr char MAPPING[] = "/MarvelAlertMapping.ini";
 
 int found(const std::string& keyword, const std::string& section = "Adapter")
 {
-    return stg::readFromIniFileAgainstKey(kFile, section, keyword);
+    return stg::readFromIniFileAgainstKey(MAPPING, section, keyword);
 }
 
 Pairs pairs(bool fromSection, Pairs map = {})
 {
-    EXPECT_EQ(stg::createAlertLookupTable(map, kFile, "Adapter", fromSection), 0);
+    EXPECT_EQ(stg::createAlertLookupTable(map, MAPPING, "Adapter", fromSection), 0);
     return map;
 }
 
@@ -81,7 +81,7 @@ TEST_F(IniTest, ReadersShareTheirGrammar)
     EXPECT_EQ(pairs(true, {{7, 100}}), (Pairs{{0, 4}, {7, 100}, {4294967295U, 3}}));
     EXPECT_EQ(found(" se\tquence number\r", " \tAdapter\t "), 4);
     EXPECT_EQ(found("7", "\t Adapter"), -1) << "blanks go first, tabs second";
-    EXPECT_EQ(stg::readFromIniFileAgainstKey(kFile, "Adapter", 4294967295U), 3);
+    EXPECT_EQ(stg::readFromIniFileAgainstKey(MAPPING, "Adapter", 4294967295U), 3);
     EXPECT_EQ(stg::readFromIniFileAgainstKey("/", "Adapter", "7"), -1) << "a folder is no endless file";
 }
 
@@ -94,12 +94,12 @@ TEST_F(IniTest, MissingPathsAndFiles)
     };
     const std::string label = "ZARNEK:stg::readFromIniFileAgainstKey()";
     const std::string noPath = label + ": Not able to generate entire file path.";
-    const std::string notAble = kPath + ": Not able to get Install Path.";
+    const std::string notAble = PATH + ": Not able to get Install Path.";
     const std::string noFile = ": Cannot open ini file. File Name: /MarvelAlertMapping.ini";
-    for (const Case& c : {Case{"/opt/x", "", {kResult + "/opt/x", label + noFile}, 1},
-                          Case{"", "", {kEmpty, kResult, noPath}, 2},
-                          Case{"/opt/x", "GetIniFilePath", {notAble, kEmpty, kResult, noPath}, 2},
-                          Case{"/opt/x", "sm_create", {notAble, kResult, noPath}, 0}}) {
+    for (const Case& c : {Case{"/opt/x", "", {RESULT + "/opt/x", label + noFile}, 1},
+                          Case{"", "", {EMPTY, RESULT, noPath}, 2},
+                          Case{"/opt/x", "GetIniFilePath", {notAble, EMPTY, RESULT, noPath}, 2},
+                          Case{"/opt/x", "sm_create", {notAble, RESULT, noPath}, 0}}) {
         morlan_set_install_path(c.path);
         morlan_fail_call(c.failing, 1, 1, -3);
         const unsigned int destroyed = morlan_call_count("sm_destroy");
@@ -111,7 +111,7 @@ TEST_F(IniTest, MissingPathsAndFiles)
     for (const bool fromSection : {true, false}) {
         clear();
         Pairs map;
-        EXPECT_EQ(stg::createAlertLookupTable(map, kFile, "Adapter", fromSection), -1);
+        EXPECT_EQ(stg::createAlertLookupTable(map, MAPPING, "Adapter", fromSection), -1);
         EXPECT_EQ(messages().back(), std::string("ZARNEK:stg::readAllKeyValueFromIni") +
                                          (fromSection ? "From" : "Except") + "Section()" + noFile);
     }
@@ -119,7 +119,7 @@ TEST_F(IniTest, MissingPathsAndFiles)
 
 TEST_F(IniTest, FailuresOfTheWriter)
 {
-    const auto write = [] { return stg::writeToIniFileAgainstKey(kFile, "S", "a b", 4294967295U); };
+    const auto write = [] { return stg::writeToIniFileAgainstKey(MAPPING, "S", "a b", 4294967295U); };
     morlan_fail_call("SMWriteINIPathFileValue", 1, 1, -3);
     EXPECT_EQ(write(), -3);
     EXPECT_EQ(messages().back(),
@@ -128,7 +128,7 @@ TEST_F(IniTest, FailuresOfTheWriter)
     morlan_set_install_path("");
     clear();
     EXPECT_EQ(write(), -1);
-    EXPECT_EQ(messages(), (Lines{kEmpty, kResult}));
+    EXPECT_EQ(messages(), (Lines{EMPTY, RESULT}));
 }
 
 } // namespace

@@ -32,7 +32,7 @@ struct EntryPoint {
     const void* (*pointer)(const Library& library);
 };
 
-const EntryPoint kEntryPoints[] = {
+const EntryPoint ENTRY_POINTS[] = {
     {"MV_API_Initialize", "m_gMV_API_INITIALIZE", true, of<&Library::getMVInitAPI>},
     {"MV_API_Finalize", "m_gMV_API_FINALIZE", false, of<&Library::getMVFinalizeAPI>},
     {"MV_API_Version", "m_gMV_API_VERSION", false, of<&Library::getMVVersionAPI>},
@@ -73,15 +73,15 @@ TEST_F(LibraryTest, BindsWhatTheFileHas)
 {
     morlan_fail_call("SMLibLoad", 1, 0, 0); // the direct open decides
     EXPECT_EQ(Library("9", "libzarnek_none").setLibHandle(), 0);
-    for (std::size_t row = 0; row <= std::size(kEntryPoints); ++row) {
-        const std::string missing = row < std::size(kEntryPoints) ? kEntryPoints[row].symbol : "";
+    for (std::size_t row = 0; row <= std::size(ENTRY_POINTS); ++row) {
+        const std::string missing = row < std::size(ENTRY_POINTS) ? ENTRY_POINTS[row].symbol : "";
         const std::string name = missing.empty() ? "libmvsim" : openCopy(missing);
         SCOPED_TRACE(name);
         Library library("9", name);
         clear();
         EXPECT_EQ(library.setLibHandle() + library.setAPIName(), 0);
         Lines said = {"ZARNEK:IVendorLibrary::loadLibrary(): loadLibrary => " + name + ".so"};
-        for (const EntryPoint& entry : kEntryPoints) {
+        for (const EntryPoint& entry : ENTRY_POINTS) {
             if (missing == (entry.testsItself ? entry.symbol : "MV_API_Initialize"))
                 said.push_back("ZARNEK:CMarvellLibrary::setMarvellAPI(): Failed to Retrieve Handle to " +
                                entry.inMessage + ".");

@@ -1,9 +1,9 @@
 // The folder of the configuration, the check of its files, and the mapping file's grammar.
 #include "common/TempFolder.h"
 #include "morlan/morlan_inspect.h"
-#include "zarnekctl/ConfigCheck.h"
-#include "zarnekctl/ConfigFolder.h"
-#include "zarnekctl/MappingFile.h"
+#include "zarnekctl/config/ConfigCheck.h"
+#include "zarnekctl/config/ConfigFolder.h"
+#include "zarnekctl/config/MappingFile.h"
 
 #include <gmock/gmock.h>
 

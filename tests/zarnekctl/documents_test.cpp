@@ -1,9 +1,9 @@
 // What is written down in two places agrees: tables, documents, shipped files.
 #include "common/TempFolder.h"
-#include "zarnekctl/AlertTable.h"
-#include "zarnekctl/MappingFile.h"
-#include "zarnekctl/OptionTable.h"
-#include "zarnekctl/PropertyTable.h"
+#include "zarnekctl/cli/OptionTable.h"
+#include "zarnekctl/config/MappingFile.h"
+#include "zarnekctl/monitor/AlertTable.h"
+#include "zarnekctl/print/PropertyTable.h"
 
 #include <gmock/gmock.h>
 

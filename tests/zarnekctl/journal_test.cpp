@@ -1,7 +1,7 @@
 // What a discovery changed, told property by property.
-#include "sdo.h"
-#include "zarnekctl/MonitorJournal.h"
-#include "zarnekctl/MonitorTextPrinter.h"
+#include "zarnekctl/monitor/MonitorJournal.h"
+#include "zarnekctl/monitor/MonitorTextPrinter.h"
+#include <sdo.h>
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The pause between two polls, held while monitoring is being stopped.
-#include "zarnekctl/PollClock.h"
+#include "zarnekctl/host/PollClock.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // What the libraries hold, read and shown: values of each type, and objects that have no place in the tree.
-#include "morlan.h"
-#include "sdo.h"
-#include "zarnekctl/DotPrinter.h"
-#include "zarnekctl/JsonPrinter.h"
-#include "zarnekctl/JsonValues.h"
-#include "zarnekctl/SdoReader.h"
-#include "zarnekctl/TablePrinter.h"
-#include "zarnekctl/TreePrinter.h"
+#include "zarnekctl/host/SdoReader.h"
+#include "zarnekctl/print/DotPrinter.h"
+#include "zarnekctl/print/JsonPrinter.h"
+#include "zarnekctl/print/JsonValues.h"
+#include "zarnekctl/print/TablePrinter.h"
+#include "zarnekctl/print/TreePrinter.h"
+#include <morlan.h>
+#include <sdo.h>
 
 #include <gmock/gmock.h>
 

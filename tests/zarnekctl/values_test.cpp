@@ -1,6 +1,6 @@
 // Units and escapes at their boundaries.
-#include "zarnekctl/Text.h"
-#include "zarnekctl/Units.h"
+#include "common/Utf8.h"
+#include "zarnekctl/print/Units.h"
 
 #include <gmock/gmock.h>
 

@@ -1,0 +1,221 @@
+// The seventeen entry points: each hands its call to the simulator, keeps exceptions from crossing the C
+// border, and reports one line.
+#include "mvsim/api/Library.h"
+
+#include <string>
+
+#define MVSIM_DECLARE(symbol, arguments) extern "C" DEVKIT_EXPORT unsigned int symbol arguments;
+MV_API_LIST(MVSIM_DECLARE)
+#undef MVSIM_DECLARE
+
+namespace
+{
+
+using mvsim::EntryPoint;
+using mvsim::Library;
+using mvsim::Simulator;
+
+// Runs `run(simulator)` and reports the call: `arguments` is their text, `remark(result)` what is to be said
+// of the answer.
+template <class Run, class Arguments, class Remark>
+unsigned int call(EntryPoint entry, Run run, Arguments arguments, Remark remark) noexcept
+{
+    unsigned int result = MV_ERR_FAIL;
+    try {
+        result = run(Library::instance().simulator);
+        auto& sink = Library::instance().callSink;
+        if (sink.isSet()) {
+            const std::string line = std::string(nameOf(entry)) + "(" + arguments() +
+                                     ") = " + std::to_string(result) + remark(result);
+            sink.call(line.c_str());
+        }
+    } catch (...) {
+        // A caller in C could not take more than the status; only a lack of memory can lead here.
+        return MV_ERR_FAIL;
+    }
+    return result;
+}
+
+std::string noArguments()
+{
+    return {};
+}
+
+std::string noRemark(unsigned int)
+{
+    return {};
+}
+
+// A call that only concerns an adapter.
+template <class Run>
+unsigned int adapterCall(EntryPoint entry, unsigned char adapter, Run run) noexcept
+{
+    return call(
+        entry, run, [adapter] { return std::to_string(adapter); }, noRemark);
+}
+
+std::string describe(unsigned char adapter, const _Info_Request* request)
+{
+    std::string text = std::to_string(adapter);
+    if (request == nullptr)
+        return text + ", null";
+    const std::string start = std::to_string(request->StartIndexOrId);
+    switch (request->RequestType) {
+    case MV_REQUEST_LIST:
+        return text + ", list from " + start + ", " + std::to_string(request->NumRequested);
+    case MV_REQUEST_ONE_DEVICE:
+        return text + ", device " + start;
+    default:
+        return text + ", request type " + std::to_string(request->RequestType);
+    }
+}
+
+std::string counted(unsigned int count, const char* one, const char* many)
+{
+    return ", " + std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+// A call with an _Info_Request at its head; `header` is null when the caller gave no request.
+template <class Run>
+unsigned int requestCall(EntryPoint entry, unsigned char adapter, const _Info_Request* header,
+                         Run run) noexcept
+{
+    return call(
+        entry, run, [=] { return describe(adapter, header); },
+        [=](unsigned int result) {
+            return (result & 0xff) == 0 && header != nullptr
+                       ? counted(header->NumReturned, "entry", "entries")
+                       : std::string();
+        });
+}
+
+unsigned int vendorCall(EntryPoint entry) noexcept
+{
+    return call(
+        entry, [entry](Simulator& simulator) { return simulator.vendorCall(entry); }, noArguments, noRemark);
+}
+
+unsigned int listCall(EntryPoint entry, unsigned char adapter, _Info_Request* request) noexcept
+{
+    return requestCall(entry, adapter, request,
+                       [=](Simulator& simulator) { return simulator.list(entry, adapter, request); });
+}
+
+unsigned int unsupportedCall(EntryPoint entry, unsigned char adapter) noexcept
+{
+    return adapterCall(entry, adapter,
+                       [=](Simulator& simulator) { return simulator.unsupported(entry, adapter); });
+}
+
+} // namespace
+
+unsigned int MV_API_Initialize()
+{
+    return vendorCall(EntryPoint::MV_API_Initialize);
+}
+
+unsigned int MV_API_Finalize()
+{
+    return vendorCall(EntryPoint::MV_API_Finalize);
+}
+
+unsigned int MV_API_Version()
+{
+    return vendorCall(EntryPoint::MV_API_Version);
+}
+
+unsigned int MV_Adapter_GetCount()
+{
+    return call(
+        EntryPoint::MV_Adapter_GetCount, [](Simulator& simulator) { return simulator.adapterCount(); },
+        noArguments, noRemark);
+}
+
+// The count word's use is unknown; it is left as it came.
+unsigned int MV_Adapter_GetInfo(unsigned char adapter, unsigned int*, _Adapter_Info* info)
+{
+    return adapterCall(EntryPoint::MV_Adapter_GetInfo, adapter,
+                       [=](Simulator& simulator) { return simulator.adapterInfo(adapter, info); });
+}
+
+unsigned int MV_Adapter_GetConfig(unsigned char adapter, unsigned int*, _Adapter_Config_V2* config)
+{
+    return adapterCall(EntryPoint::MV_Adapter_GetConfig, adapter,
+                       [=](Simulator& simulator) { return simulator.adapterConfig(adapter, config); });
+}
+
+unsigned int MV_PD_GetHDInfo_Ext(unsigned char adapter, _Info_Request* request)
+{
+    return listCall(EntryPoint::MV_PD_GetHDInfo_Ext, adapter, request);
+}
+
+unsigned int MV_PD_GetConfig(unsigned char adapter, _Info_Request* request)
+{
+    return listCall(EntryPoint::MV_PD_GetConfig, adapter, request);
+}
+
+unsigned int MV_PD_GET_SMART_INFO(unsigned char adapter, void*)
+{
+    return unsupportedCall(EntryPoint::MV_PD_GET_SMART_INFO, adapter);
+}
+
+unsigned int MV_PD_GetHDRaidStatus(unsigned char adapter, _HD_RAID_Status_Request* request)
+{
+    return requestCall(EntryPoint::MV_PD_GetHDRaidStatus, adapter,
+                       request != nullptr ? &request->Header : nullptr,
+                       [=](Simulator& simulator) { return simulator.raidStatus(adapter, request); });
+}
+
+unsigned int MV_PD_GetFreeSpaceInfo(unsigned char adapter, _HD_FreeSpaceInfo_Request* request)
+{
+    return requestCall(EntryPoint::MV_PD_GetFreeSpaceInfo, adapter,
+                       request != nullptr ? &request->Header : nullptr,
+                       [=](Simulator& simulator) { return simulator.freeSpace(adapter, request); });
+}
+
+unsigned int MV_LD_GetInfo(unsigned char adapter, _Info_Request* request)
+{
+    return listCall(EntryPoint::MV_LD_GetInfo, adapter, request);
+}
+
+unsigned int MV_LD_GetConfig(unsigned char adapter, _Info_Request* request)
+{
+    return listCall(EntryPoint::MV_LD_GetConfig, adapter, request);
+}
+
+unsigned int MV_PassThrough_ATA(unsigned char adapter, void*)
+{
+    return unsupportedCall(EntryPoint::MV_PassThrough_ATA, adapter);
+}
+
+unsigned int MV_Adapter_Get_OEM_Data(unsigned char adapter, _Adapter_OEM_Data* data)
+{
+    return adapterCall(EntryPoint::MV_Adapter_Get_OEM_Data, adapter,
+                       [=](Simulator& simulator) { return simulator.oemData(adapter, data); });
+}
+
+unsigned int MV_EVT_GetEvent(unsigned char adapter, unsigned int maximum, unsigned int* count, _Event* events)
+{
+    return call(
+        EntryPoint::MV_EVT_GetEvent,
+        [=](Simulator& simulator) {
+            std::vector<_Event> delivered;
+            const unsigned int result = simulator.events(adapter, maximum, count, events, delivered);
+            for (const _Event& event : delivered) {
+                const mvsim_event seen{adapter, event.EventClass, event.EventCode, event.EventDeviceId,
+                                       event.EventSequence};
+                Library::instance().eventSink.call(&seen);
+            }
+            return result;
+        },
+        [=] { return std::to_string(adapter) + ", at most " + std::to_string(maximum); },
+        [=](unsigned int result) {
+            return (result & 0xff) == 0 ? counted(*count, "event", "events") : std::string();
+        });
+}
+
+unsigned int MV_EVT_FlushEvent(unsigned char adapter)
+{
+    return adapterCall(EntryPoint::MV_EVT_FlushEvent, adapter,
+                       [=](Simulator& simulator) { return simulator.flushEvents(adapter); });
+}

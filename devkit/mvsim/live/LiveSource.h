@@ -1,0 +1,54 @@
+// Plays the machine that it runs on: one adapter with its whole disks and md arrays, looked at anew at each
+// poll. What changed since the last look becomes events.
+#ifndef ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
+#define ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
+
+#include "mvsim/api/ISource.h"
+#include "mvsim/live/SeenMachine.h"
+#include "mvsim/live/SysfsFolder.h"
+
+#include <map>
+#include <string>
+
+namespace mvsim
+{
+
+// Gives each identity a number and never another one, as long as it lives.
+class NumberBook
+{
+  public:
+    // `wanted` if it is free; otherwise the lowest number that is.
+    std::uint16_t numberOf(const std::string& identity, std::uint16_t wanted = 0);
+
+  private:
+    std::map<std::string, std::uint16_t> m_numbers;
+};
+
+class LiveSource : public ISource
+{
+  public:
+    // `sysfsRoot` is /sys or a copy of it. `stateFile` keeps the sequence number over restarts; empty for
+    // none. Throws a std::runtime_error with a one-line text when the root has no block devices to look at.
+    LiveSource(const std::string& sysfsRoot, std::string stateFile);
+
+    std::vector<PlayedAdapter> adapters() override;
+    CallRules vendorRules() const override { return {}; }
+    void beginPoll(unsigned int index, PlayedAdapter& adapter) override;
+    unsigned int lastPoll() const override { return 0; } // nothing is planned
+    std::uint32_t startSequence() const override;
+    void keepSequence(std::uint32_t last) override;
+
+  private:
+    SeenMachine look();
+    Adapter adapterOf(const SeenMachine& machine) const;
+
+    SysfsFolder m_root;
+    std::string m_stateFile;
+    NumberBook m_diskNumbers;
+    NumberBook m_arrayNumbers;
+    SeenMachine m_seen;
+};
+
+} // namespace mvsim
+
+#endif

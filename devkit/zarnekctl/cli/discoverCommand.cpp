@@ -1,0 +1,54 @@
+#include "zarnekctl/cli/Commands.h"
+
+#include "zarnekctl/config/ConfigCheck.h"
+#include "zarnekctl/host/EngineHost.h"
+#include "zarnekctl/print/DotPrinter.h"
+#include "zarnekctl/print/JsonPrinter.h"
+#include "zarnekctl/print/TablePrinter.h"
+#include "zarnekctl/print/TreePrinter.h"
+
+#include <iostream>
+#include <memory>
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+std::unique_ptr<Printer> printerFor(OutputFormat format)
+{
+    switch (format) {
+    case OutputFormat::Table:
+        return std::make_unique<TablePrinter>(standardOutputStyle());
+    case OutputFormat::Json:
+        return std::make_unique<JsonPrinter>();
+    case OutputFormat::Dot:
+        return std::make_unique<DotPrinter>();
+    default:
+        return std::make_unique<TreePrinter>(standardOutputStyle());
+    }
+}
+
+} // namespace
+
+ExitStatus discoverCommand(const Options& options, const Installation& installation)
+{
+    const ConfigFolder config(options.config);
+    config.prepare(installation);
+    ConfigCheck(config, installation.plugin(options.plugin).parent_path()).refuse(Effect::NoDiscovery);
+
+    EngineHost host(options, installation, config, "large-server");
+    host.initialise();
+    host.discover(options.globalNumber.value_or(0));
+    host.stopMonitoring();
+    host.terminate();
+
+    const System system = host.system();
+    if (!options.trace)
+        printerFor(options.format)->print(system, std::cout);
+    host.requireComplete(system);
+    return ExitStatus::Done;
+}
+
+} // namespace zarnekctl

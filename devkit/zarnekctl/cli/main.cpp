@@ -1,0 +1,59 @@
+// zarnekctl: a data engine's part in one process, for demonstrations and tests of the storage plug-in.
+#include "zarnekctl/cli/CommandLine.h"
+#include "zarnekctl/cli/Commands.h"
+#include "zarnekctl/config/Failure.h"
+
+#include <iostream>
+#include <poll.h>
+#include <unistd.h>
+
+namespace
+{
+
+zarnekctl::ExitStatus run(const zarnekctl::Options& options)
+{
+    const auto installation = zarnekctl::Installation::ofThisProgram();
+    switch (options.command) {
+    case zarnekctl::Command::Discover:
+        return discoverCommand(options, installation);
+    case zarnekctl::Command::Monitor:
+        return monitorCommand(options, installation);
+    case zarnekctl::Command::Check:
+        break;
+    }
+    return checkCommand(options, installation);
+}
+
+// Whether all of standard output went out; says so if not, unless its reader went away.
+bool isOutputWhole()
+{
+    if (std::cout.flush())
+        return true;
+    pollfd output{STDOUT_FILENO, 0, 0};
+    const bool readerWent = poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+    if (!readerWent)
+        std::cerr << "zarnekctl: standard output could not be written; what it shows is cut short\n";
+    return readerWent;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    using zarnekctl::ExitStatus;
+    try {
+        zarnekctl::Options options;
+        const auto finished = zarnekctl::parseCommandLine(argc, argv, options);
+        const ExitStatus status = finished ? *finished : run(options);
+        return zarnekctl::exitCode(isOutputWhole() ? status : ExitStatus::PluginFailed);
+    } catch (const zarnekctl::Failure& failure) {
+        std::cout << std::flush;
+        std::cerr << "zarnekctl: " << failure.what() << '\n';
+        for (const std::string& line : failure.log())
+            std::cerr << "  " << line << '\n';
+        return zarnekctl::exitCode(failure.status());
+    } catch (const std::exception& exception) {
+        std::cerr << "zarnekctl: " << exception.what() << '\n';
+        return zarnekctl::exitCode(ExitStatus::PluginFailed);
+    }
+}

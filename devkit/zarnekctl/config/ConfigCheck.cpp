@@ -1,0 +1,72 @@
+#include "zarnekctl/config/ConfigCheck.h"
+
+#include "common/Utf8.h"
+#include "zarnekctl/config/Failure.h"
+#include "zarnekctl/config/MappingCheck.h"
+#include "zarnekctl/config/PrivateIniCheck.h"
+
+#include <algorithm>
+#include <system_error>
+#include <unistd.h>
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+Findings checkMappingFile(const std::filesystem::path& path)
+{
+    const auto file = MappingFile::read(path);
+    if (!file)
+        return {{1, Effect::NoMonitoring, "the file cannot be read", putTheFileThere}};
+    Findings findings = MappingCheck(*file).run();
+    // The file is replaced, so that the right to write into its folder counts.
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::canonical(path, error).parent_path();
+    if (access(folder.c_str(), W_OK) != 0)
+        findings.push_back({1, Effect::Repetition,
+                            "the folder cannot be written, so that the sequence number is not kept and the "
+                            "next run tells the same alerts again",
+                            "give yourself the right to write there, or name another folder with --config"});
+    return findings;
+}
+
+} // namespace
+
+ConfigCheck::ConfigCheck(const ConfigFolder& config, const std::filesystem::path& libraryFolder)
+    : m_files{{config.privateIni().string(), checkPrivateIni(config.privateIni(), libraryFolder)},
+              {config.mapping().string(), checkMappingFile(config.mapping())}}
+{
+}
+
+std::vector<std::string> ConfigCheck::lines(Effect atLeast) const
+{
+    std::vector<std::string> lines;
+    for (const File& file : m_files) {
+        for (const Finding& finding : file.findings)
+            if (finding.effect >= atLeast)
+                lines.push_back(finding.text(file.path));
+    }
+    return lines;
+}
+
+Effect ConfigCheck::worst() const
+{
+    Effect worst = Effect::Surprise;
+    for (const File& file : m_files)
+        worst = std::max(worst, worstOf(file.findings));
+    return worst;
+}
+
+void ConfigCheck::refuse(Effect atLeast) const
+{
+    const auto reasons = lines(atLeast);
+    if (!reasons.empty())
+        throw Failure(ExitStatus::BadInput,
+                      "the configuration has " + counted(reasons.size(), "error") +
+                          " to be mended first; `zarnekctl check` tells all",
+                      reasons);
+}
+
+} // namespace zarnekctl

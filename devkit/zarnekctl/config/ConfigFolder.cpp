@@ -1,0 +1,57 @@
+#include "zarnekctl/config/ConfigFolder.h"
+
+#include "zarnekctl/config/Failure.h"
+
+#include <cstdlib>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+fs::path userFolder()
+{
+    const char* state = std::getenv("XDG_STATE_HOME");
+    if (state != nullptr && fs::path(state).is_absolute())
+        return fs::path(state) / "zarnek";
+    const char* home = std::getenv("HOME");
+    if (home == nullptr || *home == '\0')
+        throw Failure(ExitStatus::BadInput, "neither XDG_STATE_HOME nor HOME says where to keep the "
+                                            "configuration; name a folder with --config");
+    return fs::path(home) / ".local" / "state" / "zarnek";
+}
+
+} // namespace
+
+ConfigFolder::ConfigFolder(const std::optional<std::string>& named)
+    : m_path((named ? fs::absolute(*named) : userFolder()).lexically_normal())
+{
+    if (!m_path.has_filename()) // a trailing slash
+        m_path = m_path.parent_path();
+}
+
+void ConfigFolder::prepare(const Installation& installation) const
+{
+    std::error_code error;
+    fs::create_directories(m_path, error);
+    if (error)
+        throw Failure(ExitStatus::BadInput, m_path.string() + ": cannot make the configuration folder: " +
+                                                error.message() + "; name another one with --config");
+    for (const fs::path& file : {privateIni(), mapping()}) {
+        if (fs::exists(file, error)) // then it need not be there as shipped
+            continue;
+        const fs::path shipped = installation.shippedConfig(file.filename().string());
+        // What is shipped may be write-protected; what the user gets is his own.
+        if (fs::copy_file(shipped, file, fs::copy_options::skip_existing, error))
+            fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, error);
+        if (error)
+            throw Failure(ExitStatus::BadInput, file.string() + ": cannot copy the shipped file here: " +
+                                                    error.message() + "; name another folder with --config");
+    }
+}
+
+} // namespace zarnekctl

@@ -1,0 +1,39 @@
+// Looks through an alert mapping file for what would stop monitoring or surprise its author.
+#ifndef ZARNEKCTL_MAPPING_CHECK_H
+#define ZARNEKCTL_MAPPING_CHECK_H
+
+#include "zarnekctl/config/Finding.h"
+#include "zarnekctl/config/MappingFile.h"
+
+#include <map>
+#include <utility>
+
+namespace zarnekctl
+{
+
+class MappingCheck
+{
+  public:
+    explicit MappingCheck(const MappingFile& file) : m_file(file) {}
+    // All findings, by line.
+    Findings run();
+
+  private:
+    void checkSection(const MappingFile::Line& line);
+    void checkPair(const MappingFile::Line& line);
+    void checkMapping(const MappingFile::Line& line);
+    void checkDuplicate(const MappingFile::Line& line);
+    void checkFatal(const MappingFile::Line& line);
+    void checkSequenceNumber();
+    void checkThatSomethingIsMapped();
+    void add(std::size_t line, Effect effect, std::string what, std::string remedy);
+
+    const MappingFile& m_file;
+    Findings m_findings;
+    std::map<std::pair<std::string, std::string>, std::size_t> m_firstLines; // section and key
+    bool m_carriageReturnTold = false;
+};
+
+} // namespace zarnekctl
+
+#endif

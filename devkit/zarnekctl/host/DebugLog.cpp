@@ -1,0 +1,75 @@
+#include "zarnekctl/host/DebugLog.h"
+
+#include "common/Utf8.h"
+
+#include <cstring>
+#include <iostream>
+#include <optional>
+#include <utility>
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+constexpr std::size_t remembered = 10;
+constexpr const char* refusalMark = "mvErrorDisplay() FAILED: ";
+
+bool endsWith(const std::string& text, const std::string& end)
+{
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+// What the line gives as the reason of a refused call; nothing for any other line.
+std::optional<std::string> refusalIn(const std::string& line)
+{
+    const std::size_t mark = line.find(refusalMark);
+    if (mark == std::string::npos)
+        return std::nullopt;
+    const std::string reason = line.substr(mark + std::strlen(refusalMark));
+    return reason.substr(0, reason.find_last_not_of(' ') + 1);
+}
+
+} // namespace
+
+std::string describe(const Refusals& refusals)
+{
+    std::string text;
+    for (const std::string& reason : refusals.reasons)
+        text += (text.empty() ? ": " : ", ") + reason;
+    return counted(refusals.count, "call") + text;
+}
+
+void DebugLog::add(const char* text)
+{
+    m_trace.line("log", text);
+    const std::string line = escaped(text);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_echo)
+        std::cerr << line << '\n';
+    if (endsWith(line, " ENTRY ") || endsWith(line, " EXIT "))
+        return;
+    m_last.push_back(line);
+    if (m_last.size() > remembered)
+        m_last.pop_front();
+    if (const auto reason = refusalIn(line)) {
+        ++m_refusals.count;
+        m_refusals.reasons.insert(*reason);
+        m_refusals.lastLines.assign(m_last.begin(), m_last.end());
+    }
+}
+
+std::vector<std::string> DebugLog::lastLines() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return {m_last.begin(), m_last.end()};
+}
+
+Refusals DebugLog::takeRefusals()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_refusals, {});
+}
+
+} // namespace zarnekctl

@@ -1,0 +1,157 @@
+#include "zarnekctl/monitor/MonitorJsonPrinter.h"
+
+#include "common/Utf8.h"
+#include "zarnekctl/config/MappingFile.h"
+#include "zarnekctl/monitor/AlertTable.h"
+#include "zarnekctl/print/PropertyTable.h"
+
+#include <cstdio>
+#include <ctime>
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+Json record(const char* kind)
+{
+    Json json;
+    json["record"] = kind;
+    json["format_version"] = jsonFormatVersion;
+    return json;
+}
+
+// UTC with milliseconds, such as 2024-05-01T03:12:45.120Z.
+std::string timeStamp(WallClock::time_point time)
+{
+    const auto milliseconds =
+        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
+    const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    char date[32];
+    std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &parts);
+    char text[48];
+    std::snprintf(text, sizeof text, "%s.%03dZ", date, static_cast<int>(milliseconds % 1000));
+    return text;
+}
+
+const char* severityWord(Health severity)
+{
+    switch (severity) {
+    case Health::Good:
+        return "info";
+    case Health::Warning:
+        return "warning";
+    case Health::Critical:
+        return "critical";
+    case Health::Unknown:
+        break;
+    }
+    return "unknown";
+}
+
+const char* refreshWord(RefreshKind kind)
+{
+    switch (kind) {
+    case RefreshKind::Changed:
+        return "changed";
+    case RefreshKind::Appeared:
+        return "appeared";
+    case RefreshKind::Deleted:
+        return "deleted";
+    case RefreshKind::Incomplete:
+        break;
+    }
+    return "incomplete";
+}
+
+template <typename Number>
+Json orNull(const std::optional<Number>& number)
+{
+    return number ? Json(*number) : Json(nullptr);
+}
+
+Json sideJson(const std::optional<Property>& property, ObjectKind kind)
+{
+    return property ? propertyJson(*property, kind) : Json(nullptr);
+}
+
+} // namespace
+
+void MonitorJsonPrinter::write(const Json& json)
+{
+    m_out << json.dump() << '\n' << std::flush;
+}
+
+void MonitorJsonPrinter::start(const MonitorStart& start)
+{
+    Json json = record("start");
+    json["source"] = escaped(start.source);
+    json["controllers"] = start.controllers;
+    json["physical_disks"] = start.disks;
+    json["virtual_disks"] = start.virtualDisks;
+    json["interval"] = start.interval;
+    json["polls"] = start.polls == 0 ? Json(nullptr) : Json(start.polls);
+    write(json);
+}
+
+void MonitorJsonPrinter::alert(const Alert& alert)
+{
+    const AlertRow* row = alertRow(alert.number);
+    Json json = record("alert");
+    json["time"] = timeStamp(alert.time);
+    json["number"] = alert.number;
+    json["meaning"] = row == nullptr ? Json(nullptr) : Json(row->meaning);
+    json["severity"] = severityWord(row == nullptr ? Health::Unknown : row->severity);
+    json["kind"] = jsonKind(alert.kind);
+    json["name"] = alert.objectName();
+    json["controller"] = alert.controller;
+    json["controller_index"] = alert.controllerIndex;
+    json["device"] = alert.kind == ObjectKind::Controller ? Json(nullptr) : Json(alert.device);
+    json["sequence"] = orNull(alert.sequence);
+    json["event_code"] = orNull(alert.eventCode);
+    write(json);
+}
+
+void MonitorJsonPrinter::refresh(const Refresh& refresh)
+{
+    const Object& object = refresh.object;
+    Json json = record("refresh");
+    json["time"] = timeStamp(refresh.time);
+    json["outcome"] = refreshWord(refresh.kind);
+    json["kind"] = jsonKind(object.kind());
+    json["name"] = object.fullName();
+    json["identity"] = refresh.kind == RefreshKind::Incomplete ? Json(nullptr) : Json(object.identity());
+    if (refresh.kind == RefreshKind::Changed) {
+        json["changes"] = Json::object();
+        for (const PropertyChange& change : refresh.changes)
+            json["changes"][propertyName(change.id)] = {{"before", sideJson(change.before, object.kind())},
+                                                        {"after", sideJson(change.after, object.kind())}};
+    } else {
+        json["properties"] = propertiesJson(object);
+    }
+    write(json);
+}
+
+void MonitorJsonPrinter::unchanged(std::size_t count)
+{
+    Json json = record("unchanged");
+    json["objects"] = count;
+    write(json);
+}
+
+void MonitorJsonPrinter::summary(const MonitorSummary& summary)
+{
+    Json json = record("summary");
+    json["polls"] = summary.polls;
+    json["alerts"] = summary.alerts;
+    json["refreshed"] = summary.refreshed;
+    json["changed"] = summary.changed;
+    json["incomplete"] = summary.incomplete;
+    json["sequence"] = summary.sequence == MappingFile::noNumber ? Json(nullptr) : Json(summary.sequence);
+    write(json);
+}
+
+} // namespace zarnekctl

@@ -1,0 +1,26 @@
+// One output form of a monitoring run. Each record is written whole and flushed, so that a reader at the
+// other end of a pipe sees it at once. Not synchronised: the caller makes one call at a time.
+#ifndef ZARNEKCTL_MONITOR_PRINTER_H
+#define ZARNEKCTL_MONITOR_PRINTER_H
+
+#include "zarnekctl/monitor/MonitorRecords.h"
+
+namespace zarnekctl
+{
+
+class MonitorPrinter
+{
+  public:
+    virtual ~MonitorPrinter() = default;
+
+    virtual void start(const MonitorStart& start) = 0;
+    virtual void alert(const Alert& alert) = 0;
+    virtual void refresh(const Refresh& refresh) = 0;
+    // Objects discovered again that are as they were; called for at least one.
+    virtual void unchanged(std::size_t count) = 0;
+    virtual void summary(const MonitorSummary& summary) = 0;
+};
+
+} // namespace zarnekctl
+
+#endif

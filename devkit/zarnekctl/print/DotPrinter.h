@@ -1,0 +1,18 @@
+// Discovery as a graph for Graphviz: solid edges to children, dashed ones for links.
+#ifndef ZARNEKCTL_DOT_PRINTER_H
+#define ZARNEKCTL_DOT_PRINTER_H
+
+#include "zarnekctl/print/Printer.h"
+
+namespace zarnekctl
+{
+
+class DotPrinter : public Printer
+{
+  public:
+    void print(const System& system, std::ostream& out) const override;
+};
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,18 @@
+// Discovery as one JSON document of a stable shape; docs/json-output.md describes it.
+#ifndef ZARNEKCTL_JSON_PRINTER_H
+#define ZARNEKCTL_JSON_PRINTER_H
+
+#include "zarnekctl/print/Printer.h"
+
+namespace zarnekctl
+{
+
+class JsonPrinter : public Printer
+{
+  public:
+    void print(const System& system, std::ostream& out) const override;
+};
+
+} // namespace zarnekctl
+
+#endif

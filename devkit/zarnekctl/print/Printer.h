@@ -1,0 +1,26 @@
+// One output form of what discovery found.
+#ifndef ZARNEKCTL_PRINTER_H
+#define ZARNEKCTL_PRINTER_H
+
+#include "zarnekctl/host/System.h"
+#include "zarnekctl/print/Terminal.h"
+
+#include <ostream>
+
+namespace zarnekctl
+{
+
+class Printer
+{
+  public:
+    virtual ~Printer() = default;
+    // Writes the whole of it; never throws for what an object holds or lacks.
+    virtual void print(const System& system, std::ostream& out) const = 0;
+};
+
+// The value of a property in words, "-" where the object lacks it or the text is empty.
+std::string cell(const Object& object, unsigned int property, const Style& style);
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,26 @@
+// Discovery as one table, a line for each object, in the manner of the block device lists that
+// administrators know.
+#ifndef ZARNEKCTL_TABLE_PRINTER_H
+#define ZARNEKCTL_TABLE_PRINTER_H
+
+#include "zarnekctl/print/Columns.h"
+#include "zarnekctl/print/Printer.h"
+
+namespace zarnekctl
+{
+
+class TablePrinter : public Printer
+{
+  public:
+    explicit TablePrinter(Style style) : m_style(style) {}
+    void print(const System& system, std::ostream& out) const override;
+
+  private:
+    void addRow(const std::string& graph, const Object& object, Columns& columns) const;
+
+    Style m_style;
+};
+
+} // namespace zarnekctl
+
+#endif

@@ -1,0 +1,234 @@
+#include "zarnekctl/print/TreePrinter.h"
+
+#include "common/Utf8.h"
+#include "zarnekctl/print/Columns.h"
+#include "zarnekctl/print/PropertyTable.h"
+#include <sdo.h>
+
+#include <algorithm>
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+struct Glyphs {
+    const char* fork;
+    const char* corner;
+    const char* trunk;
+    const char* blank;
+};
+
+Glyphs glyphsFor(const Style& style)
+{
+    return style.utf8 ? Glyphs{"├─ ", "└─ ", "│  ", "   "} : Glyphs{"|- ", "`- ", "|  ", "   "};
+}
+
+// "0-3, 7" for 0, 1, 2, 3, 7.
+std::string rangeText(std::vector<std::uint64_t> numbers)
+{
+    std::sort(numbers.begin(), numbers.end());
+    std::string text;
+    for (std::size_t first = 0; first < numbers.size();) {
+        std::size_t last = first;
+        while (last + 1 < numbers.size() && numbers[last + 1] <= numbers[last] + 1)
+            ++last;
+        text += (text.empty() ? "" : ", ") + std::to_string(numbers[first]);
+        if (numbers[last] != numbers[first])
+            text += "-" + std::to_string(numbers[last]);
+        first = last + 1;
+    }
+    return text;
+}
+
+bool hasLinkTo(const Node& node, std::size_t target)
+{
+    return std::find(node.links.begin(), node.links.end(), target) != node.links.end();
+}
+
+// Links to disks as ranges of slots, links to anything else by name. The plug-in links a virtual disk with
+// every disk of its controller, which says nothing about members.
+std::string linkText(const System& system, const Node& node)
+{
+    const auto disks = system.below(node.parent, ObjectKind::PhysicalDisk);
+    const bool isLinkedWithAll =
+        std::all_of(disks.begin(), disks.end(), [&](std::size_t disk) { return hasLinkTo(node, disk); });
+    if (!disks.empty() && isLinkedWithAll && node.links.size() == disks.size())
+        return "linked with all disks of the controller";
+    std::vector<std::uint64_t> slots;
+    std::string others;
+    for (const std::size_t link : node.links) {
+        const Object& target = system.nodes.at(link).object;
+        const auto slot = target.number(SSPROP_SLOTNUM_U32);
+        if (target.kind() == ObjectKind::PhysicalDisk && slot)
+            slots.push_back(*slot);
+        else
+            others += (others.empty() ? "" : ", ") + target.shortName();
+    }
+    std::string text;
+    if (!slots.empty())
+        text = (slots.size() == 1 ? "disk " : "disks ") + rangeText(slots);
+    if (!others.empty())
+        text += (text.empty() ? "" : ", ") + others;
+    return text.empty() ? "no links" : "linked with " + text;
+}
+
+// A stripe of 0 and a firmware of zeros come from a vendor who tells none: the tree leaves them out.
+std::string stripeCell(const Object& disk, const Style& style)
+{
+    return disk.number(SSPROP_STRIPEBLOCKSIZE_U32).value_or(0) == 0
+               ? ""
+               : "stripe " + cell(disk, SSPROP_STRIPEBLOCKSIZE_U32, style);
+}
+
+bool isWorthAWord(const Object& controller, unsigned int property)
+{
+    const bool isVersion = property == SSPROP_FWVERSION_ASTRING;
+    return controller.find(property) != nullptr &&
+           !(isVersion && controller.text(property).find_first_not_of("0.") == std::string::npos);
+}
+
+std::vector<Columns::Cell> diskCells(const Object& disk, const Style& style)
+{
+    const auto text = [&](unsigned int property) { return cell(disk, property, style); };
+    const Health health = healthOf(disk);
+    return {{disk.shortName()},
+            {text(SSPROP_STATE_U32), health},
+            {text(SSPROP_STATUS_U32), health},
+            {text(SSPROP_SIZE_U64), true},
+            {text(SSPROP_MEDIA_U32)},
+            {text(SSPROP_BUSPROTOCOL_U32)},
+            {text(SSPROP_NEGOTIATEDSPEED_U32), true},
+            {text(SSPROP_MODEL_ASTRING)},
+            {text(SSPROP_SERIALNUM_ASTRING)}};
+}
+
+std::vector<Columns::Cell> virtualDiskCells(const System& system, const Node& node, const Style& style)
+{
+    const Object& disk = node.object;
+    const auto text = [&](unsigned int property) { return cell(disk, property, style); };
+    const Health health = healthOf(disk);
+    return {{disk.shortName()},
+            {text(SSPROP_STATE_U32), health},
+            {text(SSPROP_STATUS_U32), health},
+            {text(SSPROP_SIZE_U64), true},
+            {text(SSPROP_RAIDMODE_U32)},
+            {text(SSPROP_NAME_ASTRING)},
+            {text(SSPROP_WRITEPOLICY_U32)},
+            {stripeCell(disk, style)},
+            {linkText(system, node)}};
+}
+
+// Whether something came, nothing was refused, and each object arrived with all that names it.
+bool isToldWhole(const System& system)
+{
+    return !system.nodes.empty() && system.refusedCalls.empty() &&
+           std::none_of(system.nodes.begin(), system.nodes.end(),
+                        [](const Node& node) { return node.incomplete; });
+}
+
+} // namespace
+
+void TreePrinter::print(const System& system, std::ostream& out) const
+{
+    for (const std::size_t controller : system.below(-1, ObjectKind::Controller))
+        printController(system, controller, out);
+    printLoose(system, out);
+    printCensus(system, out);
+}
+
+void TreePrinter::printController(const System& system, std::size_t index, std::ostream& out) const
+{
+    const Object& controller = system.nodes[index].object;
+    const Health health = healthOf(controller);
+    out << m_style.bold(controller.shortName()) << "  " << cell(controller, SSPROP_NAME_ASTRING, m_style)
+        << "  " << m_style.coloured(cell(controller, SSPROP_STATE_U32, m_style), health) << "  "
+        << m_style.coloured(cell(controller, SSPROP_STATUS_U32, m_style), health);
+    const char* gap = "  ";
+    for (const unsigned int id : {SSPROP_FWVERSION_ASTRING, SSPROP_SLOTID_U32, SSPROP_PORTCOUNT_U32,
+                                  SSPROP_REBUILDRATE_U32, SSPROP_ALARMSTATE_BOOL}) {
+        if (!isWorthAWord(controller, id))
+            continue;
+        const std::string label = id == SSPROP_SLOTID_U32 ? "slot" : propertyLabel(id);
+        out << gap << label << ' ' << cell(controller, id, m_style);
+        gap = m_style.separator();
+    }
+    out << '\n';
+
+    const int parent = static_cast<int>(index);
+    const auto virtualDisks = system.below(parent, ObjectKind::VirtualDisk);
+    printGroup(system, system.below(parent, ObjectKind::PhysicalDisk), "disk", virtualDisks.empty(), out);
+    printGroup(system, virtualDisks, "virtual disk", true, out);
+}
+
+void TreePrinter::printGroup(const System& system, const std::vector<std::size_t>& members,
+                             const std::string& title, bool last, std::ostream& out) const
+{
+    if (members.empty())
+        return;
+    const Glyphs glyphs = glyphsFor(m_style);
+    out << (last ? glyphs.corner : glyphs.fork) << counted(members.size(), title) << '\n';
+    Columns columns;
+    for (const std::size_t member : members) {
+        const Node& node = system.nodes[member];
+        const std::string prefix = std::string(last ? glyphs.blank : glyphs.trunk) +
+                                   (member == members.back() ? glyphs.corner : glyphs.fork);
+        columns.add(prefix, node.object.kind() == ObjectKind::VirtualDisk
+                                ? virtualDiskCells(system, node, m_style)
+                                : diskCells(node.object, m_style));
+    }
+    columns.print(out, m_style);
+}
+
+// What stands under no controller: objects that lost their parent, and those without an identity.
+void TreePrinter::printLoose(const System& system, std::ostream& out) const
+{
+    bool titled = false;
+    for (const Node& node : system.nodes) {
+        const bool placed = node.object.kind() == ObjectKind::Controller || node.parent >= 0;
+        if (placed && !node.incomplete)
+            continue;
+        if (!titled)
+            out << "outside the tree\n";
+        titled = true;
+        out << "   " << node.object.fullName();
+        if (node.incomplete)
+            out << ": arrived without an identity, with " << counted(node.object.properties.size(), "value");
+        out << '\n';
+    }
+}
+
+void TreePrinter::printCensus(const System& system, std::ostream& out) const
+{
+    if (!system.nodes.empty())
+        out << '\n';
+    out << counted(system.count(ObjectKind::Controller), "controller") << ", "
+        << counted(system.count(ObjectKind::PhysicalDisk), "disk") << ", "
+        << counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
+    Columns columns;
+    bool any = false;
+    std::size_t unknown = 0;
+    for (const Node& node : system.nodes) {
+        if (node.incomplete)
+            continue;
+        const Health health = healthOf(node.object);
+        unknown += health == Health::Unknown ? 1 : 0;
+        if (health != Health::Warning && health != Health::Critical)
+            continue;
+        any = true;
+        columns.add("   ", {{node.object.fullName()},
+                            {cell(node.object, SSPROP_STATE_U32, m_style), health},
+                            {cell(node.object, SSPROP_STATUS_U32, m_style), health}});
+    }
+    if (unknown != 0)
+        out << "; " << unknown << " of unknown status";
+    if (any)
+        out << "; need attention:";
+    else if (isToldWhole(system)) // otherwise silence says nothing
+        out << "; none reports trouble";
+    out << '\n';
+    columns.print(out, m_style);
+}
+
+} // namespace zarnekctl

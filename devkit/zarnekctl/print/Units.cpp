@@ -1,0 +1,67 @@
+#include "zarnekctl/print/Units.h"
+
+namespace zarnekctl
+{
+
+namespace
+{
+
+// `value` / `divisor` rounded to the nearest, without overflow near the top of the range.
+std::uint64_t rounded(std::uint64_t value, std::uint64_t divisor)
+{
+    const std::uint64_t rest = value % divisor;
+    return value / divisor + (rest >= divisor - rest ? 1 : 0);
+}
+
+// `scaled` has `decimals` digits behind the point.
+std::string decimalText(std::uint64_t scaled, int decimals)
+{
+    const auto behind = static_cast<std::size_t>(decimals);
+    std::string text = std::to_string(scaled);
+    if (text.size() <= behind)
+        text.insert(0, behind + 1 - text.size(), '0');
+    if (behind > 0)
+        text.insert(text.size() - behind, ".");
+    return text;
+}
+
+} // namespace
+
+std::string sizeText(std::uint64_t bytes)
+{
+    static constexpr const char* units[] = {"kB", "MB", "GB", "TB", "PB", "EB"};
+    if (bytes < 1000)
+        return std::to_string(bytes) + " B";
+    std::uint64_t unit = 1000;
+    for (const char* name : units) {
+        // Two decimals, then one, then none: the first that needs no more than three digits.
+        for (int decimals = 2; decimals >= 0; --decimals) {
+            const std::uint64_t step = decimals == 2 ? unit / 100 : decimals == 1 ? unit / 10 : unit;
+            const std::uint64_t scaled = rounded(bytes, step);
+            if (scaled < 1000)
+                return decimalText(scaled, decimals) + " " + name;
+        }
+        unit *= 1000;
+    }
+    return std::to_string(bytes) + " B"; // not reached: 2^64 bytes are 18.4 EB
+}
+
+std::string stripeText(std::uint64_t blocks)
+{
+    if (blocks % 2 != 0)
+        return std::to_string(blocks * 512) + " B";
+    const std::uint64_t kilobytes = blocks / 2;
+    if (kilobytes >= 1024 && kilobytes % 1024 == 0)
+        return std::to_string(kilobytes / 1024) + " MiB";
+    return std::to_string(kilobytes) + " KiB";
+}
+
+std::string speedText(std::uint64_t speed)
+{
+    if (speed == 0)
+        return "no speed";
+    const std::uint64_t tenths = rounded(speed * 10, 1024);
+    return (tenths % 10 == 0 ? std::to_string(tenths / 10) : decimalText(tenths, 1)) + " Gbit/s";
+}
+
+} // namespace zarnekctl
