@@ -1,22 +1,16 @@
 #include "common/Utf8.h"
 
-namespace zarnekctl
+#include "common/text.h"
+
+namespace devkit
 {
 
 namespace
 {
 
-constexpr char digits[] = "0123456789abcdef";
-
 unsigned byteAt(std::string_view text, std::size_t index)
 {
     return static_cast<unsigned char>(text[index]);
-}
-
-void appendHex(std::string& out, unsigned byte)
-{
-    out += digits[byte >> 4];
-    out += digits[byte & 0x0f];
 }
 
 // C0 and C1 controls steer a terminal; C1 comes as the sequences c2 80 to c2 9f.
@@ -81,14 +75,11 @@ std::string escaped(std::string_view text, bool asciiOnly)
     while (!text.empty()) {
         const std::size_t length = utf8SequenceLength(text);
         const std::string_view sequence = text.substr(0, length == 0 ? 1 : length);
-        if (length == 0 || isControl(sequence) || (asciiOnly && length > 1)) {
-            for (std::size_t index = 0; index < sequence.size(); ++index) {
-                out += "\\x";
-                appendHex(out, byteAt(sequence, index));
-            }
-        } else {
+        if (length == 0 || isControl(sequence) || (asciiOnly && length > 1))
+            for (const char& byte : sequence)
+                out += "\\x" + hex({&byte, 1});
+        else
             out += sequence;
-        }
         text.remove_prefix(sequence.size());
     }
     return out;
@@ -114,17 +105,4 @@ std::string padded(std::string_view text, std::size_t width)
     return out;
 }
 
-std::string hex(std::string_view bytes)
-{
-    std::string out;
-    for (std::size_t index = 0; index < bytes.size(); ++index)
-        appendHex(out, byteAt(bytes, index));
-    return out;
-}
-
-std::string counted(std::size_t count, const std::string& noun)
-{
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-} // namespace zarnekctl
+} // namespace devkit

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace zarnekctl
+namespace devkit
 {
 
 // Length of the UTF-8 sequence at the head of `text`; 0 when there is none: an invalid or overlong sequence,
@@ -22,10 +22,6 @@ std::size_t displayWidth(std::string_view text);
 // Filled with blanks to `width` columns; longer text stays whole.
 std::string padded(std::string_view text, std::size_t width);
 
-std::string hex(std::string_view bytes);
-// "1 disk", "2 disks".
-std::string counted(std::size_t count, const std::string& noun);
-
-} // namespace zarnekctl
+} // namespace devkit
 
 #endif

@@ -1,6 +1,6 @@
 // zarnekctl run as its users run it: as a program, with a state folder of its own.
-#ifndef ZARNEK_TESTS_ZARNEKCTL_PROGRAM_RUN_H
-#define ZARNEK_TESTS_ZARNEKCTL_PROGRAM_RUN_H
+#ifndef ZARNEK_TESTS_ZARNEKCTL_PROGRAMRUN_H
+#define ZARNEK_TESTS_ZARNEKCTL_PROGRAMRUN_H
 
 #include "common/TempFolder.h"
 

@@ -19,12 +19,9 @@ Property number(unsigned int id, std::uint32_t value)
 
 Object diskWith(const Property& first, const Property& second)
 {
-    return {{number(SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK),
-             number(SSPROP_GLOBALCONTROLLERNUM_U32, 0),
-             number(SSPROP_SLOTNUM_U32, 1),
-             {SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, std::vector<std::uint32_t>{SSPROP_SLOTNUM_U32}},
-             first,
-             second}};
+    return {{number(SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK), number(SSPROP_GLOBALCONTROLLERNUM_U32, 0),
+             number(SSPROP_SLOTNUM_U32, 1), first, second},
+            "disk 1"};
 }
 
 } // namespace

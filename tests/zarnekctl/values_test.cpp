@@ -40,7 +40,7 @@ TEST(Text, whatIsNoPlainCharacterIsEscaped)
                 {"cut \xe2\x82", "cut \\xe2\\x82", "cut \\xe2\\x82"},
                 {std::string("a\0b", 3), "a\\x00b", "a\\x00b"}};
     for (const auto& row : rows) {
-        EXPECT_EQ(escaped(row.raw), row.utf8);
-        EXPECT_EQ(escaped(row.raw, true), row.ascii);
+        EXPECT_EQ(devkit::escaped(row.raw), row.utf8);
+        EXPECT_EQ(devkit::escaped(row.raw, true), row.ascii);
     }
 }

@@ -1,6 +1,6 @@
 // Looks through an alert mapping file for what would stop monitoring or surprise its author.
-#ifndef ZARNEKCTL_MAPPING_CHECK_H
-#define ZARNEKCTL_MAPPING_CHECK_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MAPPINGCHECK_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MAPPINGCHECK_H
 
 #include "zarnekctl/config/Finding.h"
 #include "zarnekctl/config/MappingFile.h"

@@ -1,6 +1,6 @@
 #include "zarnekctl/print/TreePrinter.h"
 
-#include "common/Utf8.h"
+#include "common/text.h"
 #include "zarnekctl/print/Columns.h"
 #include "zarnekctl/print/PropertyTable.h"
 #include <sdo.h>
@@ -168,7 +168,7 @@ void TreePrinter::printGroup(const System& system, const std::vector<std::size_t
     if (members.empty())
         return;
     const Glyphs glyphs = glyphsFor(m_style);
-    out << (last ? glyphs.corner : glyphs.fork) << counted(members.size(), title) << '\n';
+    out << (last ? glyphs.corner : glyphs.fork) << devkit::counted(members.size(), title) << '\n';
     Columns columns;
     for (const std::size_t member : members) {
         const Node& node = system.nodes[member];
@@ -194,7 +194,8 @@ void TreePrinter::printLoose(const System& system, std::ostream& out) const
         titled = true;
         out << "   " << node.object.fullName();
         if (node.incomplete)
-            out << ": arrived without an identity, with " << counted(node.object.properties.size(), "value");
+            out << ": arrived without an identity, with "
+                << devkit::counted(node.object.properties.size(), "value");
         out << '\n';
     }
 }
@@ -203,9 +204,9 @@ void TreePrinter::printCensus(const System& system, std::ostream& out) const
 {
     if (!system.nodes.empty())
         out << '\n';
-    out << counted(system.count(ObjectKind::Controller), "controller") << ", "
-        << counted(system.count(ObjectKind::PhysicalDisk), "disk") << ", "
-        << counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
+    out << devkit::counted(system.count(ObjectKind::Controller), "controller") << ", "
+        << devkit::counted(system.count(ObjectKind::PhysicalDisk), "disk") << ", "
+        << devkit::counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
     Columns columns;
     bool any = false;
     std::size_t unknown = 0;

@@ -29,11 +29,11 @@ std::string decimalText(std::uint64_t scaled, int decimals)
 
 std::string sizeText(std::uint64_t bytes)
 {
-    static constexpr const char* units[] = {"kB", "MB", "GB", "TB", "PB", "EB"};
+    static constexpr const char* UNITS[] = {"kB", "MB", "GB", "TB", "PB", "EB"};
     if (bytes < 1000)
         return std::to_string(bytes) + " B";
     std::uint64_t unit = 1000;
-    for (const char* name : units) {
+    for (const char* name : UNITS) {
         // Two decimals, then one, then none: the first that needs no more than three digits.
         for (int decimals = 2; decimals >= 0; --decimals) {
             const std::uint64_t step = decimals == 2 ? unit / 100 : decimals == 1 ? unit / 10 : unit;
