@@ -1,9 +1,7 @@
-// The folder of the configuration, the check of its files, and the mapping file's grammar.
+// The folder of the configuration and the check of its files.
 #include "common/TempFolder.h"
-#include "morlan/morlan_inspect.h"
 #include "zarnekctl/config/ConfigCheck.h"
 #include "zarnekctl/config/ConfigFolder.h"
-#include "zarnekctl/config/MappingFile.h"
 
 #include <gmock/gmock.h>
 
@@ -70,27 +68,4 @@ TEST(ConfigCheck, findsWhatKeepsARunFromWorking)
         EXPECT_EQ(check.lines().size(), row.finding.empty() ? 0U : 1U);
         EXPECT_THAT(check.lines(), testing::Each(testing::HasSubstr(row.finding)));
     }
-    morlan_reset();
-}
-
-TEST(MappingFile, looksUpAsThePluginDoes)
-{
-    const struct {
-        const char* content;
-        const char* section;
-        unsigned int code;
-        std::uint32_t alert; // 0: unmapped
-    } rows[] = {{"[Adapter]\n7=2048\n7=2049\n", "Adapter", 7, 2048},
-                {"[Adapter]\n7=2048\n", "PhysicalDevice", 7, 0},
-                {"7=2050\n[Adapter]\n7=2048\n", "Adapter", 7, 2050},
-                {" [ Ada\tpter ] \n 1 2 = 20 48", "Adapter", 12, 2048},
-                {"[Adapter]\n \n7=2048\n", "Adapter", 7, 0},
-                {"[Adapter]\n7=2048\n \n", "Adapter", 7, 2048},
-                {"[Adapter]\n2050\n", "Adapter", 2050, 2050},
-                {"x[Adapter]\n7=2048\n", "Adapter]", 7, 2048},
-                {"][Adapter\n7=2048\n", "Adapter", 7, 2048},
-                {"[Adapter]\n;7=2048\n7=2049 ; old\n", "Adapter", 7, 2049}};
-    for (const auto& row : rows)
-        EXPECT_EQ(MappingFile(row.content).alertNumber(row.section, row.code).value_or(0), row.alert)
-            << row.content;
 }

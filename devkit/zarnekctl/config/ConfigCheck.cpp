@@ -1,5 +1,6 @@
 #include "zarnekctl/config/ConfigCheck.h"
 
+#include "common/files.h"
 #include "common/text.h"
 #include "zarnekctl/config/Failure.h"
 #include "zarnekctl/config/MappingCheck.h"
@@ -16,10 +17,10 @@ namespace
 
 Findings checkMappingFile(const std::filesystem::path& path)
 {
-    const auto file = MappingFile::read(path);
-    if (!file)
+    std::string content;
+    if (devkit::readFile(path.string(), content) != devkit::FileRead::DONE)
         return {{1, Effect::NoMonitoring, "the file cannot be read", PUT_THE_FILE_THERE}};
-    Findings findings = MappingCheck(*file).run();
+    Findings findings = MappingCheck(content).run();
     // The file is replaced, so that the right to write into its folder counts.
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::canonical(path, error).parent_path();

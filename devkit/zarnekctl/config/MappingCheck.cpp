@@ -212,6 +212,36 @@ void MappingCheck::checkSequenceNumber()
             "only " + std::to_string(HIGHEST_SEQUENCE - number) +
                 " more events can pass, since their numbers end at " + HIGHEST_NUMBER,
             "write the number of the last event seen, or 0");
+    checkThatTheNumberIsKept(*line);
+}
+
+// The support library has a grammar of its own: what it takes for another line than the plug-in does, it does
+// not replace, and the plug-in goes on reading the old number. So this writes a number and reads it.
+void MappingCheck::checkThatTheNumberIsKept(const Line& line)
+{
+    const std::uint32_t present = MappingFile::numberOf(line.value);
+    const std::uint32_t next = present == 0 ? 1 : 0;
+    devkit::IniText written = m_text;
+    if (written.setValue(INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY, std::to_string(next)) &&
+        MappingFile(written.text()).sequenceNumber() == next)
+        return;
+
+    using Kind = devkit::IniText::Kind;
+    const auto isAlike = [this](std::size_t number, Kind kind, const char* name) {
+        const devkit::IniText::Line& own = m_text.lines()[number - 1];
+        return own.kind == kind && own.name == name;
+    };
+    std::size_t header = line.number;
+    for (const Line& other : m_file.lines())
+        if (other.kind == LineKind::Section && other.number < line.number)
+            header = other.number;
+    const bool isHeadersFault = !line.headless && isAlike(line.number, Kind::Pair, INI_SEQUENCE_KEY) &&
+                                !isAlike(header, Kind::Header, INI_SEQUENCE_SECTION);
+    add(isHeadersFault ? header : line.number, Effect::Repetition,
+        "the sequence number is read here, but its writer puts the new one elsewhere, so that each run tells "
+        "the "
+        "same alerts again",
+        "write " + sequencePair(present) + ", each alone on its line and without white space");
 }
 
 void MappingCheck::checkThatSomethingIsMapped()

@@ -89,35 +89,39 @@ bool isWorthAWord(const Object& controller, unsigned int property)
            !(isVersion && controller.text(property).find_first_not_of("0.") == std::string::npos);
 }
 
+// Those that begin the line of any disk.
+std::vector<Columns::Cell> conditionCells(const Object& disk, const Style& style)
+{
+    const Health health = healthOf(disk);
+    return {{disk.shortName()},
+            {cell(disk, SSPROP_STATE_U32, style), health},
+            {cell(disk, SSPROP_STATUS_U32, style), health},
+            {cell(disk, SSPROP_SIZE_U64, style), true}};
+}
+
 std::vector<Columns::Cell> diskCells(const Object& disk, const Style& style)
 {
     const auto text = [&](unsigned int property) { return cell(disk, property, style); };
-    const Health health = healthOf(disk);
-    return {{disk.shortName()},
-            {text(SSPROP_STATE_U32), health},
-            {text(SSPROP_STATUS_U32), health},
-            {text(SSPROP_SIZE_U64), true},
-            {text(SSPROP_MEDIA_U32)},
-            {text(SSPROP_BUSPROTOCOL_U32)},
-            {text(SSPROP_NEGOTIATEDSPEED_U32), true},
-            {text(SSPROP_MODEL_ASTRING)},
-            {text(SSPROP_SERIALNUM_ASTRING)}};
+    auto cells = conditionCells(disk, style);
+    cells.insert(cells.end(), {{text(SSPROP_MEDIA_U32)},
+                               {text(SSPROP_BUSPROTOCOL_U32)},
+                               {text(SSPROP_NEGOTIATEDSPEED_U32), true},
+                               {text(SSPROP_MODEL_ASTRING)},
+                               {text(SSPROP_SERIALNUM_ASTRING)}});
+    return cells;
 }
 
 std::vector<Columns::Cell> virtualDiskCells(const System& system, const Node& node, const Style& style)
 {
     const Object& disk = node.object;
     const auto text = [&](unsigned int property) { return cell(disk, property, style); };
-    const Health health = healthOf(disk);
-    return {{disk.shortName()},
-            {text(SSPROP_STATE_U32), health},
-            {text(SSPROP_STATUS_U32), health},
-            {text(SSPROP_SIZE_U64), true},
-            {text(SSPROP_RAIDMODE_U32)},
-            {text(SSPROP_NAME_ASTRING)},
-            {text(SSPROP_WRITEPOLICY_U32)},
-            {stripeCell(disk, style)},
-            {linkText(system, node)}};
+    auto cells = conditionCells(disk, style);
+    cells.insert(cells.end(), {{text(SSPROP_RAIDMODE_U32)},
+                               {text(SSPROP_NAME_ASTRING)},
+                               {text(SSPROP_WRITEPOLICY_U32)},
+                               {stripeCell(disk, style)},
+                               {linkText(system, node)}});
+    return cells;
 }
 
 // Whether something came, nothing was refused, and each object arrived with all that names it.
