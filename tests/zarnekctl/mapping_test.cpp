@@ -194,7 +194,7 @@ TEST_F(Mapping, anyTextReadsAlikeAndItsNumberIsKeptUnlessTheCheckTells)
                                           "\nSequenceNumber=7\n",
                                           "Sequence Number = 7"};
     constexpr std::size_t MOST_WRITES = 100; // of each kind; each waits for the disk
-    std::mt19937 random(1); // NOLINT: the same texts in each run
+    std::mt19937 random(1);                  // NOLINT: the same texts in each run
     const auto below = [&random](std::size_t limit) { return random() % limit; };
     std::size_t kept = 0;
     std::size_t told = 0;
