@@ -47,7 +47,7 @@ need_packages() {
 
 # Packages to build and run with; the 32-bit compiler where there is one.
 build_packages() {
-    local packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
+    local packages=(g++ cmake ninja-build libcli11-dev libutfcpp-dev nlohmann-json3-dev)
     if [ "$(uname -m)" = x86_64 ]; then
         packages+=(g++-multilib)
     fi
