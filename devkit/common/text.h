@@ -1,6 +1,6 @@
 // Values as the lines of the call sinks show them.
-#ifndef ZARNEK_DEVKIT_TEXT_H
-#define ZARNEK_DEVKIT_TEXT_H
+#ifndef ZARNEK_DEVKIT_COMMON_TEXT_H
+#define ZARNEK_DEVKIT_COMMON_TEXT_H
 
 #include <string>
 #include <string_view>
@@ -13,6 +13,8 @@ namespace devkit
 std::string quoted(std::string_view text);
 // The same for a C string; null gives the bare word null.
 std::string quoted(const char* text);
+// Two lower-case digits for each byte, without a prefix.
+std::string hex(std::string_view bytes);
 
 } // namespace devkit
 

@@ -8,7 +8,7 @@
 std::optional<std::string> IniFile::value(std::string_view section, std::string_view key) const
 {
     std::string content;
-    if (devkit::readFile(m_path, content) != devkit::FileRead::DONE)
+    if (devkit::readFile(m_path, content) != devkit::FileRead::Done)
         return std::nullopt;
     return IniText(content).value(section, key);
 }
@@ -19,7 +19,7 @@ bool IniFile::write(std::string_view section, std::string_view key, std::string_
     static std::mutex writing;
     const std::lock_guard<std::mutex> lock(writing);
     std::string content;
-    if (devkit::readFile(m_path, content) == devkit::FileRead::FAILED)
+    if (devkit::readFile(m_path, content) == devkit::FileRead::Failed)
         return false;
     IniText text(content);
     return text.setValue(section, key, value) && devkit::replaceFile(m_path, text.text());

@@ -1,6 +1,6 @@
 // What is shipped fits together: event codes, alert mapping and their description.
 #include "mvsim/SimTest.h"
-#include "mvsim/api/EventCodes.h"
+#include "mvsim/model/EventCodes.h"
 
 #include <set>
 

@@ -139,7 +139,7 @@ Findings checkPrivateIni(const std::filesystem::path& file, const std::filesyste
 {
     Findings findings;
     std::string content;
-    if (devkit::readFile(file.string(), content) != devkit::FileRead::DONE) {
+    if (devkit::readFile(file.string(), content) != devkit::FileRead::Done) {
         findings.push_back({1, Effect::NoDiscovery, "the file cannot be read", putTheFileThere});
         return findings;
     }
