@@ -13,6 +13,7 @@
 #include <string>
 
 using devkit::quoted;
+using morlan::Morlan;
 
 namespace
 {
@@ -23,7 +24,7 @@ Morlan& library()
 }
 
 // `compose` gives the line; it is asked only when someone listens.
-template <typename Compose>
+template <class Compose>
 void report(Compose compose)
 {
     if (library().callSink.isSet())

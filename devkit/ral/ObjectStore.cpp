@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+namespace ral
+{
+
 bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Change>& changes)
 {
     if (!object)
@@ -124,3 +127,5 @@ void ObjectStore::removeNode(Node* node, std::vector<Change>& changes)
     m_index.erase(node->identity.text);
     m_nodes.remove_if([node](const Node& other) { return &other == node; });
 }
+
+} // namespace ral

@@ -2,8 +2,8 @@
 //
 // Objects come and are named as SDO objects; what is stored is never changed, only replaced, so that whoever
 // shares one may read it without a lock.
-#ifndef ZARNEK_DEVKIT_OBJECTSTORE_H
-#define ZARNEK_DEVKIT_OBJECTSTORE_H
+#ifndef ZARNEK_DEVKIT_RAL_OBJECTSTORE_H
+#define ZARNEK_DEVKIT_RAL_OBJECTSTORE_H
 
 #include "ral/identity.h"
 #include "ral/ral_inspect.h"
@@ -13,6 +13,9 @@
 #include <string>
 #include <unordered_map>
 #include <vector>
+
+namespace ral
+{
 
 // A stored object as ral_inspect.h shows it.
 struct SnapshotEntry {
@@ -69,5 +72,7 @@ class ObjectStore
     std::unordered_map<std::string, Node*> m_index;
     std::vector<Sdo> m_incomplete;
 };
+
+} // namespace ral
 
 #endif

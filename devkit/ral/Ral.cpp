@@ -7,6 +7,9 @@
 #include <memory>
 #include <new>
 
+namespace ral
+{
+
 namespace
 {
 
@@ -33,7 +36,7 @@ Ral::Ral()
 }
 
 // `compose` gives the line up to the status; it is asked only when someone listens.
-template <typename Compose>
+template <class Compose>
 void Ral::report(Compose compose, int status)
 {
     if (callSink.isSet())
@@ -210,3 +213,5 @@ void Ral::reset()
     const std::lock_guard<std::mutex> storing(m_storing);
     m_store.clear();
 }
+
+} // namespace ral

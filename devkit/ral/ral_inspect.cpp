@@ -4,6 +4,9 @@
 
 #include <new>
 
+using ral::Ral;
+using ral::SnapshotEntry;
+
 struct ral_snapshot {
     std::vector<SnapshotEntry> entries;
 };
