@@ -52,4 +52,13 @@ std::optional<std::string> bytesOfHex(std::string_view digits)
     return bytes;
 }
 
+std::size_t copyText(std::string_view text, char* buffer, std::size_t room)
+{
+    if (buffer == nullptr || room == 0)
+        return 0;
+    const std::size_t length = text.copy(buffer, room - 1);
+    buffer[length] = '\0';
+    return length;
+}
+
 } // namespace devkit

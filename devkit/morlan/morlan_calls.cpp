@@ -3,10 +3,10 @@
 #include "morlan/exported_calls.h"
 
 #include "common/text.h"
+#include "common/words.h"
 #include "morlan/IniFile.h"
 #include "morlan/Morlan.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
@@ -54,10 +54,7 @@ int privateIniValue(const char* section, const char* key, char* buffer, unsigned
     const std::optional<std::string> value = IniFile(*file).value(section, key);
     if (!value)
         return Morlan::FAILED;
-    const std::size_t length = std::min<std::size_t>(value->size(), *size - 1);
-    std::memcpy(buffer, value->data(), length);
-    buffer[length] = '\0';
-    *size = static_cast<unsigned int>(length + 1);
+    *size = static_cast<unsigned int>(devkit::copyText(*value, buffer, *size) + 1);
     return 0;
 }
 

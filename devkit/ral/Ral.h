@@ -36,6 +36,8 @@ class Ral
     int sendNotification(void* object);
 
     std::vector<SnapshotEntry> snapshot() const;
+    // Objects without an identity that have come, also those not kept any more.
+    unsigned int incomplete() const;
     unsigned int liveLists() const;
     // Empties the data engine and takes all sinks, faults and counts back. Lists given out stay valid.
     void reset();
@@ -48,8 +50,10 @@ class Ral
   private:
     Ral();
 
+    template <class Act>
+    int attempt(const char* call, Act act);
     template <class Compose>
-    void report(Compose compose, int status);
+    void report(Compose compose, int status, const std::string& remark = {});
     void announce(const std::vector<ObjectStore::Change>& changes);
     int makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, unsigned int* count);
 

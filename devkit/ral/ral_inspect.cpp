@@ -1,5 +1,6 @@
 #include "ral/ral_inspect.h"
 
+#include "common/words.h"
 #include "ral/Ral.h"
 
 #include <new>
@@ -71,6 +72,19 @@ int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index)
 {
     const SnapshotEntry* const entry = entryOf(snapshot, index);
     return entry != nullptr && entry->incomplete ? 1 : 0;
+}
+
+unsigned int ral_incomplete_count()
+{
+    return Ral::instance().incomplete();
+}
+
+unsigned int ral_identity(const void* object, char* text, unsigned int size)
+{
+    const std::optional<ral::Identity> identity = ral::identityOf(object);
+    const std::string name = identity ? identity->text : std::string();
+    devkit::copyText(name, text, size);
+    return static_cast<unsigned int>(name.size());
 }
 
 void ral_set_change_sink(ral_change_sink sink, void* context)

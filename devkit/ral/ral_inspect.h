@@ -16,7 +16,7 @@ extern "C" {
 #endif
 
 // A copy of all that the data engine holds at one moment, objects in the order of their first insertion.
-// Objects without an identity come last and are marked incomplete.
+// The last thousand objects that came without an identity follow, marked incomplete.
 typedef struct ral_snapshot ral_snapshot;
 
 DEVKIT_EXPORT ral_snapshot* ral_snapshot_create(void);
@@ -33,6 +33,14 @@ DEVKIT_EXPORT int ral_snapshot_link(const ral_snapshot* snapshot, unsigned int i
 DEVKIT_EXPORT unsigned int ral_snapshot_insertions(const ral_snapshot* snapshot, unsigned int index);
 // Nonzero for an object that came without object type or nexus and has no identity.
 DEVKIT_EXPORT int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index);
+
+// How many objects came without an identity, those that no snapshot shows any more included.
+DEVKIT_EXPORT unsigned int ral_incomplete_count(void);
+
+// Writes the identity of an SDO object, such as `772/9 24600=0 24810=3`, cut to `size` bytes with the
+// terminator. Returns the length of all of it; 0, and an empty text, for null and for an object that has
+// none.
+DEVKIT_EXPORT unsigned int ral_identity(const void* object, char* text, unsigned int size);
 
 typedef enum ral_change {
     RAL_CHANGE_INSERTED = 0,  // before is null

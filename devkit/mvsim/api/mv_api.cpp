@@ -139,39 +139,22 @@ unsigned int MV_Adapter_GetConfig(unsigned char adapter, unsigned int*, _Adapter
                        [=](Simulator& simulator) { return simulator.adapterConfig(adapter, config); });
 }
 
-unsigned int MV_PD_GetHDInfo_Ext(unsigned char adapter, _Info_Request* request)
-{
-    return deviceCall(EntryPoint::MV_PD_GetHDInfo_Ext, adapter, request);
-}
-
-unsigned int MV_PD_GetConfig(unsigned char adapter, _Info_Request* request)
-{
-    return deviceCall(EntryPoint::MV_PD_GetConfig, adapter, request);
-}
+#define MVSIM_DEVICE_CALL(symbol, Request)                                                                   \
+    unsigned int symbol(unsigned char adapter, Request* request)                                             \
+    {                                                                                                        \
+        return deviceCall(EntryPoint::symbol, adapter, request);                                             \
+    }
+MVSIM_DEVICE_CALL(MV_PD_GetHDInfo_Ext, _Info_Request)
+MVSIM_DEVICE_CALL(MV_PD_GetConfig, _Info_Request)
+MVSIM_DEVICE_CALL(MV_PD_GetHDRaidStatus, _HD_RAID_Status_Request)
+MVSIM_DEVICE_CALL(MV_PD_GetFreeSpaceInfo, _HD_FreeSpaceInfo_Request)
+MVSIM_DEVICE_CALL(MV_LD_GetInfo, _Info_Request)
+MVSIM_DEVICE_CALL(MV_LD_GetConfig, _Info_Request)
+#undef MVSIM_DEVICE_CALL
 
 unsigned int MV_PD_GET_SMART_INFO(unsigned char adapter, void*)
 {
     return unsupportedCall(EntryPoint::MV_PD_GET_SMART_INFO, adapter);
-}
-
-unsigned int MV_PD_GetHDRaidStatus(unsigned char adapter, _HD_RAID_Status_Request* request)
-{
-    return deviceCall(EntryPoint::MV_PD_GetHDRaidStatus, adapter, request);
-}
-
-unsigned int MV_PD_GetFreeSpaceInfo(unsigned char adapter, _HD_FreeSpaceInfo_Request* request)
-{
-    return deviceCall(EntryPoint::MV_PD_GetFreeSpaceInfo, adapter, request);
-}
-
-unsigned int MV_LD_GetInfo(unsigned char adapter, _Info_Request* request)
-{
-    return deviceCall(EntryPoint::MV_LD_GetInfo, adapter, request);
-}
-
-unsigned int MV_LD_GetConfig(unsigned char adapter, _Info_Request* request)
-{
-    return deviceCall(EntryPoint::MV_LD_GetConfig, adapter, request);
 }
 
 unsigned int MV_PassThrough_ATA(unsigned char adapter, void*)

@@ -13,6 +13,7 @@ namespace mvsim
 namespace
 {
 
+constexpr std::uint64_t BYTES_PER_KB = 1024;
 const std::string HEX_PREFIX = "hex:";
 
 std::string range(std::uint64_t least, std::uint64_t most)
@@ -147,14 +148,14 @@ std::optional<std::uint64_t> StrictObject::kilobytes(const std::string& prefix)
                           std::to_string(given) + " of them");
     }
     if (exact) {
-        result = *exact / 1024;
+        result = *exact / BYTES_PER_KB;
     } else if (human != nullptr) {
         const auto amount = human->is_string() ? bytesOfAmount(human->get<std::string>()) : std::nullopt;
         if (!amount) {
             throw FormatError(place(prefix.c_str()), "an amount such as \"480GB\", \"1.92 TB\" or \"64KiB\"",
                               describe(*human));
         }
-        result = *amount / 1024;
+        result = *amount / BYTES_PER_KB;
     }
     return result;
 }
