@@ -98,6 +98,31 @@ TEST_F(Sdo, ACloneSharesNothing)
     EXPECT_EQ(morlan_live_sdo_objects(), 5U);
 }
 
+TEST_F(Sdo, RefusedAdditionsStoreNothing)
+{
+    const std::string before = content(object);
+    const std::uint32_t number = 1;
+    const struct {
+        const char* what;
+        int status;
+    } cases[] = {
+        {"null data", SMSDOConfigAddData(object, 1, SDO_TYPE_U32, nullptr, 4, 1)},
+        {"a null object in the place of a number", addNested(object, 1, nullptr)},
+        {"a null object in the place of an object", addNested(object, 2, nullptr)},
+        {"to a null object", SMSDOConfigAddData(nullptr, 1, SDO_TYPE_U32, &number, 4, 1)},
+        {"the object itself", addNested(object, 3, object)},
+        {"the object in what it holds", addNested(innermost, 3, object)},
+        {"what another one holds", addNested(object, 3, innermost)},
+    };
+    for (const auto& addition : cases) {
+        EXPECT_NE(addition.status, 0) << addition.what;
+    }
+    EXPECT_EQ(content(object), before);
+    EXPECT_NE(SMSDOConfigFree(inner), 0) << "it goes with the one that holds it";
+    EXPECT_NE(SMSDOConfigFree(nullptr), 0);
+    EXPECT_EQ(SMSDOConfigClone(nullptr), nullptr);
+}
+
 TEST_F(Sdo, ReadsOnlyWhatFits)
 {
     addText(object, 4, "abc");

@@ -107,6 +107,29 @@ TEST_F(Threads, HeldThreadsWaitUntilLetGoOrStopped)
     second.stop(secondThread);
 }
 
+// A thread cannot wait for its own end.
+TEST_F(Threads, AThreadThatStopsItselfIsRefused)
+{
+    struct Self {
+        std::atomic<void*> handle{nullptr};
+        std::atomic<int> status{-1};
+    };
+    static Self self; // outlives the thread, whatever becomes of it
+    void* const thread = SMThreadStart(
+        [](void*) {
+            while (self.handle == nullptr) {
+                std::this_thread::yield();
+            }
+            self.status = SMThreadStop(self.handle);
+        },
+        nullptr);
+    self.handle = thread;
+    ASSERT_EQ(morlan_wait_threads(5000), 0);
+    EXPECT_GT(self.status, 0);
+    EXPECT_EQ(SMThreadStop(thread), 0);
+    EXPECT_GT(SMThreadStop(nullptr), 0);
+}
+
 std::atomic<int> g_hostSignals{0};
 
 TEST_F(Threads, TheHostsSignalsAreLeftAlone)
