@@ -90,9 +90,8 @@ TEST_F(Calls, AReplacedSinkIsNoLongerRunning)
         },
         &seen);
     std::thread printer([] { DebugPrint("slow"); });
-    while (!seen.entered) {
+    while (!seen.entered)
         std::this_thread::yield();
-    }
     LineLog log;
     morlan_set_debug_sink(LineLog::sink, &log);
     EXPECT_TRUE(seen.left);

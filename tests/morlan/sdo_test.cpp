@@ -114,9 +114,8 @@ TEST_F(Sdo, RefusedAdditionsStoreNothing)
         {"the object in what it holds", addNested(innermost, 3, object)},
         {"what another one holds", addNested(object, 3, innermost)},
     };
-    for (const auto& addition : cases) {
+    for (const auto& addition : cases)
         EXPECT_NE(addition.status, 0) << addition.what;
-    }
     EXPECT_EQ(content(object), before);
     EXPECT_NE(SMSDOConfigFree(inner), 0) << "it goes with the one that holds it";
     EXPECT_NE(SMSDOConfigFree(nullptr), 0);

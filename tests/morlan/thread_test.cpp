@@ -110,23 +110,14 @@ TEST_F(Threads, HeldThreadsWaitUntilLetGoOrStopped)
 // A thread cannot wait for its own end.
 TEST_F(Threads, AThreadThatStopsItselfIsRefused)
 {
-    struct Self {
-        std::atomic<void*> handle{nullptr};
-        std::atomic<int> status{-1};
-    };
-    static Self self; // outlives the thread, whatever becomes of it
-    void* const thread = SMThreadStart(
-        [](void*) {
-            while (self.handle == nullptr) {
-                std::this_thread::yield();
-            }
-            self.status = SMThreadStop(self.handle);
-        },
-        nullptr);
-    self.handle = thread;
+    static std::atomic<void*> self;
+    static std::atomic<int> status{-1}; // both outlive the thread, whatever becomes of it
+    morlan_hold_threads(1);
+    self = SMThreadStart([](void*) { status = SMThreadStop(self); }, nullptr);
+    morlan_hold_threads(0);
     ASSERT_EQ(morlan_wait_threads(5000), 0);
-    EXPECT_GT(self.status, 0);
-    EXPECT_EQ(SMThreadStop(thread), 0);
+    EXPECT_GT(status, 0);
+    EXPECT_EQ(SMThreadStop(self), 0);
     EXPECT_GT(SMThreadStop(nullptr), 0);
 }
 

@@ -37,7 +37,9 @@ class RecordsTest : public SimTest
     Bytes record(const Device& device, const std::string& members)
     {
         loadAdapter(device.list + (members.empty() ? "" : ", " + members) + "}]");
-        return list(device.call).entry(device.size);
+        Bytes bytes = list(device.call).entries;
+        bytes.resize(device.size);
+        return bytes;
     }
 };
 

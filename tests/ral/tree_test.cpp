@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -41,9 +42,8 @@ void addNexus(void* object, const std::vector<std::uint32_t>& ids, std::size_t s
 // is null.
 void* make(const std::string& name)
 {
-    if (name.empty()) {
+    if (name.empty())
         return nullptr;
-    }
     constexpr struct {
         const char* form;
         std::uint32_t type;
@@ -75,9 +75,8 @@ void* make(const std::string& name)
 // With its status, if it has one: "disk 0:3 (4)".
 std::string nameOf(const void* object)
 {
-    if (object == nullptr) {
+    if (object == nullptr)
         return "nothing";
-    }
     char name[32] = "";
     unsigned int size = sizeof name;
     SMSDOConfigGetDataByID(object, SSPROP_NAME_ASTRING, 0, name, &size);
@@ -100,36 +99,31 @@ int insertWithStatus(const std::string& name, std::uint32_t status, const std::s
     return RalInsertObject(object, make(parent));
 }
 
+// For calls that do not take their objects over.
+std::unique_ptr<void, void (*)(void*)> lent(const std::string& name)
+{
+    return {make(name), morlan_sdo_free};
+}
+
 int link(const std::string& upper, const std::string& lower)
 {
-    void* const above = make(upper);
-    void* const below = make(lower);
-    const int status = RalLinkObjects(above, below);
-    morlan_sdo_free(above);
-    morlan_sdo_free(below);
-    return status;
+    return RalLinkObjects(lent(upper).get(), lent(lower).get());
 }
 
 int remove(const std::string& name)
 {
-    void* const object = make(name);
-    const int status = RalDeleteObject(object, 1, 0);
-    morlan_sdo_free(object);
-    return status;
+    return RalDeleteObject(lent(name).get(), 1, 0);
 }
 
 // The names in the list; the status instead if that is not 0. No name lists the top.
 std::vector<std::string> associated(const std::string& name, unsigned int type)
 {
-    void* const object = make(name);
     void** objects = nullptr;
     unsigned int count = 0;
-    const int status = RalListAssociatedObjects(object, type, &objects, &count);
-    morlan_sdo_free(object);
+    const int status = RalListAssociatedObjects(lent(name).get(), type, &objects, &count);
     std::vector<std::string> names;
-    for (unsigned int i = 0; i < count; ++i) {
+    for (unsigned int i = 0; i < count; ++i)
         names.push_back(nameOf(objects[i]));
-    }
     EXPECT_EQ(objects == nullptr, count == 0);
     EXPECT_EQ(RalListFree(objects, count), 0);
     return status == 0 ? names : std::vector<std::string>{std::to_string(status)};
@@ -147,9 +141,8 @@ std::vector<std::string> content()
         std::string line = nameAt(static_cast<int>(i));
         const int parent = ral_snapshot_parent(snapshot, i);
         line += parent < 0 ? "" : " under " + nameAt(parent);
-        for (unsigned int below = 0; below < ral_snapshot_link_count(snapshot, i); ++below) {
+        for (unsigned int below = 0; below < ral_snapshot_link_count(snapshot, i); ++below)
             line += ", above " + nameAt(ral_snapshot_link(snapshot, i, below));
-        }
         const unsigned int insertions = ral_snapshot_insertions(snapshot, i);
         line += insertions == 1 ? "" : ", " + std::to_string(insertions) + " times";
         line += ral_snapshot_incomplete(snapshot, i) != 0 ? ", incomplete" : "";
@@ -205,9 +198,8 @@ TEST_F(Tree, ListsWhatIsDirectlyAssociated)
         {"disk 1:7", SDO_OBJTYPE_VIRTUAL_DISK, {}},
         {"controller 2", SDO_OBJTYPE_PHYSICAL_DISK, {"256"}},
     };
-    for (const auto& query : cases) {
+    for (const auto& query : cases)
         EXPECT_EQ(associated(query.object, query.type), query.names) << query.object << ' ' << query.type;
-    }
 }
 
 TEST_F(Tree, InsertingAgainReplacesPropertiesAndKeepsThePlace)
@@ -237,10 +229,9 @@ TEST_F(Tree, TheNexusMakesTheIdentity)
         {8, "772/9 24810=3 24580=absent"}, {7, "772/9 24810=3"}, {4, "772/9 24810=3"}, {3, ""}, {1, ""},
     };
     for (const auto& row : cases) {
-        void* const disk = make("disk 0:3");
-        addNexus(disk, two, row.nexusBytes);
-        EXPECT_EQ(identityOf(disk), row.identity) << row.nexusBytes;
-        morlan_sdo_free(disk);
+        const auto disk = lent("disk 0:3");
+        addNexus(disk.get(), two, row.nexusBytes);
+        EXPECT_EQ(identityOf(disk.get()), row.identity) << row.nexusBytes;
     }
     EXPECT_EQ(identityOf(nullptr), "");
 }
@@ -248,9 +239,8 @@ TEST_F(Tree, TheNexusMakesTheIdentity)
 TEST_F(Tree, TheLastObjectsWithoutIdentityAreKeptApart)
 {
     const std::vector<std::string> before = content();
-    for (unsigned int i = 0; i < 1003; ++i) {
+    for (unsigned int i = 0; i < 1003; ++i)
         EXPECT_EQ(insert("stray " + std::to_string(i), "controller 0"), 0);
-    }
     void* const typeAlone = make("type alone");
     addU32(typeAlone, SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK);
     EXPECT_EQ(RalInsertObject(typeAlone, nullptr), 0);
@@ -287,9 +277,8 @@ TEST_F(Tree, UnknownObjectsChangeNothing)
         {"deletion", remove("disk 0:4")},
         {"notification of nothing", RalSendNotification(nullptr)},
     };
-    for (const auto& refused : cases) {
+    for (const auto& refused : cases)
         EXPECT_EQ(refused.status, UNKNOWN_OBJECT) << refused.what;
-    }
     EXPECT_EQ(content(), before);
     EXPECT_THAT(told, ElementsAre());
 }
@@ -332,9 +321,8 @@ TEST_F(Tree, AListIsACopyUntilItIsGivenBack)
     insertWithStatus("controller 0", 5);
     EXPECT_EQ(nameOf(objects[0]), "controller 0 (8)");
     objects[1] = nullptr; // whatever the caller makes of its list
-    for (const unsigned int wrong : {0U, 1U, 3U}) {
+    for (const unsigned int wrong : {0U, 1U, 3U})
         EXPECT_EQ(RalListFree(objects, wrong), UNKNOWN_OBJECT) << wrong;
-    }
     EXPECT_EQ(ral_live_lists(), 1U);
     EXPECT_EQ(RalListFree(objects, 2), 0);
     EXPECT_EQ(RalListFree(objects, 2), UNKNOWN_OBJECT) << "given back already";
@@ -361,9 +349,8 @@ TEST_F(Tree, SeveralThreadsMayInsertLinkAndList)
             }
         });
     }
-    for (std::thread& thread : threads) {
+    for (std::thread& thread : threads)
         thread.join();
-    }
     EXPECT_EQ(inserted, THREADS * DISKS);
 }
 
