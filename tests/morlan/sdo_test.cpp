@@ -126,18 +126,12 @@ TEST_F(Sdo, ReadsOnlyWhatFits)
 {
     addText(object, 4, "abc");
     const struct {
-        const char* what;
         unsigned short id;
         unsigned int room;
         bool delivered;
-    } cases[] = {
-        {"exact room", 4, 4, true},
-        {"more room", 4, 16, true},
-        {"one byte short", 4, 3, false},
-        {"absent id", 5, 16, false},
-    };
+    } cases[] = {{4, 4, true}, {4, 16, true}, {4, 3, false}, {5, 16, false}};
     for (const auto& read : cases) {
-        SCOPED_TRACE(read.what);
+        SCOPED_TRACE(testing::Message() << "id " << read.id << " with room for " << read.room);
         char buffer[16] = "untouched";
         unsigned int size = read.room;
         EXPECT_EQ(SMSDOConfigGetDataByID(object, read.id, 0, buffer, &size) == 0, read.delivered);

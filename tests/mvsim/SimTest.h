@@ -60,6 +60,10 @@ class SimTest : public testing::Test
         EXPECT_EQ(status != 0, message[0] != '\0');
         return message.data();
     }
+    void loadFile(const std::string& name) const
+    {
+        ASSERT_EQ(tryLoad(std::string(MVSIM_TESTS_FOLDER "/scenarios/") + name), "");
+    }
     void load(const std::string& text)
     {
         m_folder.write("scenario.json", text);

@@ -39,7 +39,7 @@ class LiveTest : public SimTest
     }
     void putMachine(const std::string& name) const
     {
-        put("", TempFolder::readFile(std::string(MACHINES_FOLDER "/") + name));
+        put("", TempFolder::readFile(std::string(MVSIM_TESTS_FOLDER "/machines/") + name));
     }
     void putDisk(const std::string& name, const std::string& serial) const
     {

@@ -11,13 +11,7 @@ using TimelineTest = SimTest;
 
 TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
 {
-    loadAdapter(R"("disks": [{"id": 1, "slot": 0}, {"id": 2, "slot": 1}, {"id": 3, "slot": 0, "gone": true}],
-                   "virtualDisks": [{"id": 5, "name": "DATA"}])",
-                R"("timeline": [
-        {"poll": 4, "disks": [{"id": 3, "back": true}]},
-        {"poll": 2, "virtualDisks": [{"id": 5, "status": "degraded", "members": [1, 2]}], "controller": {"rebuildRate": 9}},
-        {"poll": 3, "disks": [{"id": 1, "gone": true}]},
-        {"poll": 5, "virtualDisks": [{"id": 5, "gone": true}], "disks": [{"id": 3, "slot": 1}, {"id": 2, "slot": 0}]}])");
+    loadFile("steps.json");
     poll();
     poll();
     const auto drive = list(&MV_LD_GetInfo).entry<_LD_Info>(0);
@@ -39,11 +33,7 @@ TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
 
 TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
 {
-    load(R"({"format": 1, "name": "", "sequence": 10,
-        "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64, "disks": [{"id": 4, "slot": 4}]}],
-        "timeline": [{"poll": 2, "adapter": 1, "disks": [{"id": 4, "gone": true}],
-                      "events": [{"class": 2, "code": 7, "device": 3}, {"class": 9, "code": 8, "sequence": 4294967295, "raw": {"8": "0601"}}]},
-                     {"poll": 1, "events": [{"class": 0, "code": 8}]}]})");
+    loadFile("two-adapters.json");
     using Seen = std::vector<std::array<unsigned int, 6>>;
     Seen seen;
     mvsim_set_event_sink(
@@ -66,10 +56,7 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
 
 TEST_F(TimelineTest, EventsBeyondFiftyWait)
 {
-    const char* const burst =
-        R"("timeline": [{"poll": 1, "events": [{"code": "diskFailed", "device": 3, "repeat": 70}]},
-                        {"poll": 2, "events": [{"code": "virtualDiskDegraded", "device": 1, "repeat": 35}]}])";
-    loadAdapter("", burst);
+    loadFile("burst.json");
     EXPECT_EQ(poll().size(), 50U);
     const auto second = poll();
     ASSERT_EQ(second.size(), 50U);
@@ -78,7 +65,7 @@ TEST_F(TimelineTest, EventsBeyondFiftyWait)
     EXPECT_EQ(poll().back(), "105: virtualDiskDegraded 1");
     EXPECT_THAT(poll(), IsEmpty());
 
-    loadAdapter("", burst);
+    loadFile("burst.json");
     EXPECT_EQ(poll(0, 7).size(), 7U) << "never more than the caller has room for";
     EXPECT_EQ(MV_EVT_FlushEvent(0), 0U);
     EXPECT_EQ(poll().size(), 35U) << "what waited is gone";
@@ -105,13 +92,7 @@ TEST_F(TimelineTest, SequenceNumbers)
 
 TEST_F(TimelineTest, RulesComeAndGo)
 {
-    loadAdapter(
-        R"("fail": {"MV_Adapter_GetConfig": 9, "MV_LD_GetConfig": {"status": 3, "polls": 1}}, "disks": [{"id": 1, "slot": 0}])",
-        R"("timeline": [
-        {"poll": 2, "fail": {"MV_EVT_GetEvent": {"status": 187, "polls": 2}, "MV_Adapter_GetConfig": 0},
-                    "answers": {"MV_PD_GetHDInfo_Ext": {"count": 0}},
-                    "events": [{"code": "controllerWarning"}]},
-        {"poll": 5, "answers": {"MV_PD_GetHDInfo_Ext": {}}, "fail": {"MV_LD_GetInfo": {"status": 1, "polls": 3}}}])");
+    loadFile("rules.json");
     EXPECT_EQ(mvsim_last_poll(), 8U) << "the end of the last failure counts";
     poll();
     EXPECT_EQ(configStatus(), 9U);

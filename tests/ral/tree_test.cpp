@@ -1,6 +1,5 @@
 // The data engine's objects: what makes two of them the same one, their tree and links, what is listed and
-// what the host hears of it. Objects go by names: "controller 0", "disk 0:3" (slot 3 of controller 0), "drive
-// 0:1".
+// what the host hears of it. Objects go by names, such as "controller 0" and "disk 0:3".
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 
@@ -12,10 +11,10 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace
@@ -38,37 +37,28 @@ void addNexus(void* object, const std::vector<std::uint32_t>& ids, std::size_t s
               0);
 }
 
-// An object that tells its name. One that is no controller, disk or drive has no identity, and the empty name
-// is null.
+void addText(void* object, unsigned short id, const std::string& text)
+{
+    EXPECT_EQ(SMSDOConfigAddData(object, id, SDO_TYPE_ASTRING, text.c_str(),
+                                 static_cast<unsigned int>(text.size() + 1), 1),
+              0);
+}
+
+// An object that its name identifies, if that says what it is. The empty name is null.
 void* make(const std::string& name)
 {
     if (name.empty())
         return nullptr;
-    constexpr struct {
-        const char* form;
-        std::uint32_t type;
-        std::uint32_t member; // property with the number within the controller
-    } KINDS[] = {
-        {"controller %u", SDO_OBJTYPE_CONTROLLER, SSPROP_NONE},
-        {"disk %u:%u", SDO_OBJTYPE_PHYSICAL_DISK, SSPROP_SLOTNUM_U32},
-        {"drive %u:%u", SDO_OBJTYPE_VIRTUAL_DISK, SSPROP_LOGICALDRIVENUM_U32},
-    };
     void* const object = SMSDOConfigAlloc();
-    SMSDOConfigAddData(object, SSPROP_NAME_ASTRING, SDO_TYPE_ASTRING, name.c_str(),
-                       static_cast<unsigned int>(name.size() + 1), 1);
-    for (const auto& kind : KINDS) {
-        unsigned int controller = 0;
-        unsigned int member = 0;
-        const int numbers = std::sscanf(name.c_str(), kind.form, &controller, &member);
-        if (numbers > 0) {
-            addU32(object, SSPROP_OBJTYPE_U32, kind.type);
+    addText(object, SSPROP_NAME_ASTRING, name);
+    for (const auto& [kind, type] :
+         {std::pair("controller", SDO_OBJTYPE_CONTROLLER), std::pair("disk", SDO_OBJTYPE_PHYSICAL_DISK),
+          std::pair("drive", SDO_OBJTYPE_VIRTUAL_DISK)})
+        if (name.rfind(kind, 0) == 0) {
+            addU32(object, SSPROP_OBJTYPE_U32, type);
             addU32(object, SSPROP_VILNUMBER_U32, SDO_VIL_NUMBER);
-            addU32(object, SSPROP_GLOBALCONTROLLERNUM_U32, controller);
-            addU32(object, static_cast<unsigned short>(kind.member), member);
-            addNexus(object, {SSPROP_GLOBALCONTROLLERNUM_U32, kind.member},
-                     static_cast<std::size_t>(numbers) * sizeof(std::uint32_t));
+            addNexus(object, {SSPROP_NAME_ASTRING}, sizeof(std::uint32_t));
         }
-    }
     return object;
 }
 
@@ -230,6 +220,7 @@ TEST_F(Tree, TheNexusMakesTheIdentity)
     };
     for (const auto& row : cases) {
         const auto disk = lent("disk 0:3");
+        addU32(disk.get(), SSPROP_SLOTNUM_U32, 3);
         addNexus(disk.get(), two, row.nexusBytes);
         EXPECT_EQ(identityOf(disk.get()), row.identity) << row.nexusBytes;
     }
