@@ -2,8 +2,8 @@
 // and, where it is one of those that show, reports itself to the call sink.
 #include "morlan/exported_calls.h"
 
+#include "common/IniFile.h"
 #include "common/text.h"
-#include "morlan/IniFile.h"
 #include "morlan/Morlan.h"
 
 #include <algorithm>
@@ -12,6 +12,7 @@
 #include <dlfcn.h>
 #include <string>
 
+using devkit::IniFile;
 using devkit::quoted;
 
 namespace

@@ -1,6 +1,7 @@
 #include "ral/ral_inspect.h"
 
 #include "ral/Ral.h"
+#include "ral/identity.h"
 
 #include <new>
 
@@ -68,6 +69,16 @@ int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index)
 {
     const SnapshotEntry* const entry = entryOf(snapshot, index);
     return entry != nullptr && entry->incomplete ? 1 : 0;
+}
+
+size_t ral_object_identity(const void* object, char* buffer, size_t size)
+{
+    const std::optional<Identity> identity = identityOf(object);
+    if (!identity)
+        return 0;
+    if (size != 0)
+        buffer[identity->text.copy(buffer, size - 1)] = '\0';
+    return identity->text.size();
 }
 
 void ral_set_change_sink(ral_change_sink sink, void* context)

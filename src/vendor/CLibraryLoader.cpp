@@ -39,15 +39,13 @@ std::vector<stg::SVendorInfo_t> CLibraryLoader::getVendorInfo()
 
 IVendorLibrary* CLibraryLoader::createLibModelObj(std::string vendorId, std::string libName)
 {
-    static constexpr char LABEL[] = "ZARNEK:CLibraryLoader:createLibModelObj()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CLibraryLoader:createLibModelObj()");
 
     if (static_cast<unsigned int>(stg::toSigned32(vendorId)) != SDO_VIL_NUMBER)
         return nullptr;
     auto* const library = new (std::nothrow) CMarvellVendorLibrary(vendorId, libName);
     if (library == nullptr)
-        stg::lout << LABEL << ": "
-                  << "Failed to get p_VendorLibrary instance." << '\n';
+        scope.message() << "Failed to get p_VendorLibrary instance." << '\n';
     return library;
 }
 

@@ -1,9 +1,7 @@
 #include "common/PluginTest.h"
-#include "model/CController_Helper.h"
+#include "model/AttributeHelper.h"
 #include "model/CPhysicalDevice.h"
-#include "model/CPhysicalDevice_Helper.h"
 #include "model/CVirtualDevice.h"
-#include "model/CVirtualDevice_Helper.h"
 #include "model/IController.h"
 
 using namespace testing;

@@ -206,19 +206,4 @@ TEST_F(OutcomeTest, AFailedInsertionLosesThatObjectAlone)
     }
 }
 
-TEST_F(OutcomeTest, AnotherLibraryIsNotTakenForTheOneThatIsGone)
-{
-    m_engine.loadScenario(SMALL);
-    m_engine.loadPlugin();
-    EXPECT_EQ(m_engine.send(20), 0U);
-    EXPECT_EQ(m_engine.send(23), 0U) << "without a stop: the manager lives on";
-    EXPECT_EQ(m_engine.send(20), 0U);
-    EXPECT_EQ(m_engine.discover(0), 0U);
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_EQ(m_engine.send(20), 0U);
-    EXPECT_EQ(m_engine.discover(0), 2U) << "two libraries by now";
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_EQ(m_engine.send(23), 0U);
-}
-
 } // namespace

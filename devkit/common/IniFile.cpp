@@ -1,14 +1,17 @@
-#include "morlan/IniFile.h"
+#include "common/IniFile.h"
 
+#include "common/IniText.h"
 #include "common/files.h"
-#include "morlan/IniText.h"
 
 #include <mutex>
+
+namespace devkit
+{
 
 std::optional<std::string> IniFile::value(std::string_view section, std::string_view key) const
 {
     std::string content;
-    if (devkit::readFile(m_path, content) != devkit::FileRead::DONE)
+    if (readFile(m_path, content) != FileRead::DONE)
         return std::nullopt;
     return IniText(content).value(section, key);
 }
@@ -19,8 +22,10 @@ bool IniFile::write(std::string_view section, std::string_view key, std::string_
     static std::mutex writing;
     const std::lock_guard<std::mutex> lock(writing);
     std::string content;
-    if (devkit::readFile(m_path, content) == devkit::FileRead::FAILED)
+    if (readFile(m_path, content) == FileRead::FAILED)
         return false;
     IniText text(content);
-    return text.setValue(section, key, value) && devkit::replaceFile(m_path, text.text());
+    return text.setValue(section, key, value) && replaceFile(m_path, text.text());
 }
+
+} // namespace devkit

@@ -1,6 +1,9 @@
-#include "morlan/IniText.h"
+#include "common/IniText.h"
 
 #include <algorithm>
+
+namespace devkit
+{
 
 namespace
 {
@@ -33,23 +36,21 @@ IniText::IniText(std::string_view text)
 
 IniText::Line IniText::parse(std::string_view text, std::string_view end)
 {
-    Line line{Kind::OTHER, std::string(text), std::string(end), {}, 0};
+    Line line{Kind::NoPair, std::string(text), std::string(end), {}, 0};
     const std::string_view content = trimmed(text);
     if (content.empty()) {
-        line.kind = Kind::BLANK;
+        line.kind = Kind::Blank;
+    } else if (content.front() == ';' || content.front() == '#') {
+        line.kind = Kind::Comment;
     } else if (content.front() == '[') {
         const std::size_t close = content.find(']');
-        if (close != std::string_view::npos) {
-            line.kind = Kind::HEADER;
+        line.kind = close == std::string_view::npos ? Kind::OpenHeader : Kind::Header;
+        if (line.kind == Kind::Header)
             line.name = trimmed(content.substr(1, close - 1));
-        }
-    } else if (content.front() != ';' && content.front() != '#') {
-        const std::size_t equals = text.find('=');
-        if (equals != std::string_view::npos) {
-            line.kind = Kind::PAIR;
-            line.name = trimmed(text.substr(0, equals));
-            line.value = std::min(text.find_first_not_of(BLANKS, equals + 1), text.size());
-        }
+    } else if (const std::size_t equals = text.find('='); equals != std::string_view::npos) {
+        line.kind = Kind::Pair;
+        line.name = trimmed(text.substr(0, equals));
+        line.value = std::min(text.find_first_not_of(BLANKS, equals + 1), text.size());
     }
     return line;
 }
@@ -70,7 +71,7 @@ bool IniText::setValue(std::string_view section, std::string_view key, std::stri
             return false;
     const std::string header = '[' + std::string(section) + ']';
     const std::string pair = std::string(key) + '=' + std::string(value);
-    if (key.empty() || parse(header, {}).name != section || parse(pair, {}).kind != Kind::PAIR ||
+    if (key.empty() || parse(header, {}).name != section || parse(pair, {}).kind != Kind::Pair ||
         parse(pair, {}).name != key)
         return false;
 
@@ -101,9 +102,9 @@ std::optional<std::size_t> IniText::find(std::string_view section, std::string_v
     bool within = section.empty();
     for (std::size_t index = 0; index < m_lines.size(); ++index) {
         const Line& line = m_lines[index];
-        if (line.kind == Kind::HEADER)
+        if (line.kind == Kind::Header)
             within = line.name == section;
-        else if (within && line.kind == Kind::PAIR && line.name == key)
+        else if (within && line.kind == Kind::Pair && line.name == key)
             return index;
     }
     return std::nullopt;
@@ -111,7 +112,7 @@ std::optional<std::size_t> IniText::find(std::string_view section, std::string_v
 
 std::optional<std::size_t> IniText::endOf(std::string_view section) const
 {
-    const auto isHeader = [](const Line& line) { return line.kind == Kind::HEADER; };
+    const auto isHeader = [](const Line& line) { return line.kind == Kind::Header; };
     auto first = m_lines.begin();
     if (!section.empty()) {
         first = std::find_if(first, m_lines.end(),
@@ -121,7 +122,7 @@ std::optional<std::size_t> IniText::endOf(std::string_view section) const
         ++first;
     }
     auto end = std::find_if(first, m_lines.end(), isHeader);
-    while (end != first && (end - 1)->kind == Kind::BLANK)
+    while (end != first && (end - 1)->kind == Kind::Blank)
         --end;
     return static_cast<std::size_t>(end - m_lines.begin());
 }
@@ -135,3 +136,5 @@ void IniText::insert(std::size_t position, std::string_view text)
         m_lines[position - 1].end.swap(end);
     m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(position), parse(text, end));
 }
+
+} // namespace devkit

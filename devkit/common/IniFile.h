@@ -7,6 +7,9 @@
 #include <string>
 #include <string_view>
 
+namespace devkit
+{
+
 class IniFile
 {
   public:
@@ -21,5 +24,7 @@ class IniFile
   private:
     std::string m_path;
 };
+
+} // namespace devkit
 
 #endif

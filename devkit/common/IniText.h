@@ -11,10 +11,32 @@
 #include <string_view>
 #include <vector>
 
+namespace devkit
+{
+
 class IniText
 {
   public:
+    enum class Kind {
+        Blank,
+        Comment,
+        Header,
+        Pair,
+        OpenHeader, // without "]"; nothing reads it
+        NoPair      // without "="; nothing reads it
+    };
+    struct Line {
+        Kind kind;
+        std::string text;  // as it stands, without its end
+        std::string end;   // "\n", "\r\n", or nothing on a last line
+        std::string name;  // of the section or the key
+        std::size_t value; // where the value begins in the text
+    };
+
     explicit IniText(std::string_view text);
+
+    // In their order: the line with the number n stands at n - 1.
+    const std::vector<Line>& lines() const { return m_lines; }
 
     // The first value of the key in the first section of that name that holds it.
     std::optional<std::string> value(std::string_view section, std::string_view key) const;
@@ -29,15 +51,6 @@ class IniText
     std::string text() const;
 
   private:
-    enum class Kind { BLANK, OTHER, HEADER, PAIR };
-    struct Line {
-        Kind kind;
-        std::string text;  // as it stands, without its end
-        std::string end;   // "\n", "\r\n", or nothing on a last line
-        std::string name;  // of the section or the key
-        std::size_t value; // where the value begins in the text
-    };
-
     static Line parse(std::string_view text, std::string_view end);
     std::optional<std::size_t> find(std::string_view section, std::string_view key) const;
     std::optional<std::size_t> endOf(std::string_view section) const;
@@ -45,5 +58,7 @@ class IniText
 
     std::vector<Line> m_lines;
 };
+
+} // namespace devkit
 
 #endif
