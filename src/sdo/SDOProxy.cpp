@@ -78,10 +78,11 @@ void SDOProxy::initializeLookupTable()
     m_bIsLookupTable = true;
 }
 
-SDOProxy::SDOProxy() : m_pChildSDOConfig(SMSDOConfigAlloc()), m_bOwnChild(true)
+SDOProxy::SDOProxy() : m_bOwnChild(true)
 {
     resetPropertyDataType();
     initializeLookupTable();
+    m_pChildSDOConfig = SMSDOConfigAlloc(); // last: if the table finds no memory, no destructor runs
 }
 
 SDOProxy::SDOProxy(void* child) : m_pChildSDOConfig(child)

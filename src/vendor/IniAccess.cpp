@@ -10,6 +10,7 @@
 #include <array>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 
 namespace stg
@@ -105,8 +106,9 @@ std::string getVRAXInstallPath()
         scope.message() << "Not able to get Install Path." << '\n';
     if (text != nullptr) {
         if (sm_strlen(text) != 0) {
+            // Also when there is no memory for the copy.
+            const std::unique_ptr<void, void (*)(void*)> freed(text, sm_destroy);
             path = static_cast<const char*>(text);
-            sm_destroy(text);
         } else {
             sm_destroy(text);
             scope.message() << "str is empty." << '\n';
