@@ -74,17 +74,23 @@ struct Member {
 };
 
 template <class Wanted, class... Members>
-constexpr bool standsOnce = (std::is_same_v<Wanted, Members> + ...) == 1;
+constexpr bool standsOnce()
+{
+    return (std::is_same_v<Wanted, Members> + ...) == 1;
+}
 
 template <class... Members>
-constexpr bool areDistinct = (standsOnce<Members, Members...> && ...);
+constexpr bool areDistinct()
+{
+    return (standsOnce<Members, Members...>() && ...);
+}
 
 // A class's table of its rows, in the order in which assignment from a map calls the setters.
 template <class Object, auto... Fields, auto... Setters>
 constexpr std::array<Row<Object>, sizeof...(Fields)> tableOf(BoundRow<Fields, Setters>... rows)
 {
-    static_assert(areDistinct<Member<Fields>...>, "each field has one row");
-    static_assert(areDistinct<Member<Setters>...>, "each setter has one row");
+    static_assert(areDistinct<Member<Fields>...>(), "each field has one row");
+    static_assert(areDistinct<Member<Setters>...>(), "each setter has one row");
     return {unbound<Object>(rows)...};
 }
 

@@ -12,7 +12,8 @@
 // The vendor-neutral view of one physical disk: a holder of attributes that is also an attribute bag. A
 // vendor's subclass fills it from records. An attribute reaches the data engine only if its setter ran.
 //
-// Objects are short-lived, belong to one thread and own their texts and lists. Operations report no error.
+// Objects are short-lived, belong to one thread and own their texts and lists. But for the search in the data
+// engine, no operation reports an error.
 class CPhysicalDevice
 {
   public:
@@ -109,8 +110,8 @@ class CPhysicalDevice
 
     // Finds disks of a controller in the data engine by their device id; NUMBER_UNKNOWN asks for all. One
     // match goes to outObjects[0]; all go to outObjects[i] by their place among the controller's disks, where
-    // disks of other vendor layers leave gaps, so the caller provides room for all of them. The clones are
-    // the caller's. 0; 256 when nothing matched; 1 on other failures. For all, the last disk's outcome
+    // disks of other or unknown layers leave gaps, so the caller provides room for all of them. The clones
+    // are the caller's. 0; 256 when nothing matched; 1 on other failures. For all, the last disk's outcome
     // decides.
     unsigned int getPdObject(unsigned int globalCntrlNum, void** outObjects, unsigned int deviceId);
     // Appends the names to the list that getPdSpecificAttrib gives. Nobody calls it, the list stays empty.

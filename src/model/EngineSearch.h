@@ -14,7 +14,7 @@ struct EngineSearch {
     unsigned int objectType;   // what is listed
     const char* totalWords;    // ahead of the length of the list
     unsigned int keyProperty;  // tells the wanted object from others
-    const char* layerWords;    // ahead of the number of a layer that is not ours
+    const char* layerWords;    // ahead of the number of a layer
     const char* allLostLabel;  // begins the line on a clone that fails when all are asked for
     bool tellsOwnLayer;        // each layer's number gets a line; one that is not ours a second one
     bool unreadableIsFailure;  // an object without a layer number makes the result 1 until another is taken
@@ -22,7 +22,8 @@ struct EngineSearch {
 
     // Lists below `parent`, null for the top, and takes clones, which are the caller's, of what it looks for:
     // the first object with the key `wanted` to outObjects[0], or all of them to outObjects[i] by their place
-    // in the list. 0; 256 when nothing matched; 1 for a clone that failed, or the status of a failed listing.
+    // in the list. 0; 256 when nothing matched; 1 for a clone that failed, or
+    // where unreadableIsFailure says so; the status of a listing that counts as failed.
     unsigned int takeOne(SDOProxy& proxy, void* parent, unsigned int wanted, void** outObjects) const;
     unsigned int takeAll(SDOProxy& proxy, void* parent, void** outObjects) const;
     // The devices below the controller of this number: the one with the key, all of them for NUMBER_UNKNOWN.

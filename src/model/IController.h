@@ -12,7 +12,8 @@
 // The vendor-neutral view of one RAID controller: a holder of attributes that is also an attribute bag. A
 // vendor's subclass fills it. An attribute reaches the data engine only if its setter ran.
 //
-// Objects are short-lived, belong to one thread and own their texts and lists. Operations report no error.
+// Objects are short-lived, belong to one thread and own their texts and lists. But for the search in the data
+// engine, no operation reports an error.
 class IController
 {
   public:

@@ -40,7 +40,8 @@ class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
     // more than the number of entries asked for.
     short getAdapterInfo(unsigned int id, unsigned int count, _Adapter_Info* info);
     short getAdapterConfig(unsigned int id, unsigned int count, _Adapter_Config_V2* config);
-    // The text "major.minor.revision.build", cut to 19 characters; unchanged on failure.
+    // The text "major.minor.revision.build", cut to 19 characters; unchanged on failure and where it cannot
+    // be asked.
     short getAdapterROMVersion(unsigned int id, char (*text)[20]);
     short getPhysicalDisksInfo(unsigned int id, unsigned int count, _Info_Request* list);
     short getPhysicalDiskConfig(unsigned int id, unsigned int count, _Info_Request* list);

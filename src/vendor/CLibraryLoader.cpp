@@ -65,7 +65,7 @@ short CLibraryLoader::createAllLibObjs()
                 if (CLibraryManager* const manager = CLibraryManager::getUniqueInstance())
                     manager->insertIntoMap(library->getVendorId(), library.get());
             }
-            // The manager's, or, without a controller, loaded for good.
+            // The manager's, or, without a controller or a manager, loaded for good.
             static_cast<void>(library.release());
         }
         m_vendorInfo.pop_back();

@@ -24,7 +24,8 @@ void* IVendorLibrary::loadLibrary(std::string name)
 
     const std::string path = name + INI_LIBRARY_SUFFIX;
     scope.message() << "loadLibrary => " << path << '\n';
-    // Opened twice on purpose: the support library keeps its own count, the direct handle is the one in use.
+    // Opened twice on purpose: once by way of the support library, which may do more than open it, and once
+    // directly for the handle that is used.
     SMLibLoad(path.c_str());
     return dlopen(path.c_str(), RTLD_LAZY);
 }

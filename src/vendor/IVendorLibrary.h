@@ -6,12 +6,13 @@
 
 // One closed vendor RAID library loaded into the process: its file name, its handle, its vendor id. A
 // subclass adds the entry points. Used in the order: construct, setLibHandle, setAPIName, then the accessors;
-// the object unloads its library when it goes, and whoever still works with it must be gone by then: query
+// the object gives its handle back when it goes, and whoever still works with it must be gone by then: query
 // layers keep a plain pointer. Written on one thread before it is published, only read afterwards.
 class IVendorLibrary
 {
   public:
-    // `vendorId` counts by its leading decimal digits, 0 without any; `libName` is a file name without ".so".
+    // `vendorId` counts as strtol reads it in base 10, 0 without digits; `libName` is a file name without
+    // ".so".
     IVendorLibrary(std::string vendorId, std::string libName);
     IVendorLibrary(const IVendorLibrary&) = delete;
     IVendorLibrary& operator=(const IVendorLibrary&) = delete;
