@@ -14,14 +14,14 @@
 // all 25 has to come before 23, which unloads the vendor library under whoever still uses it.
 //
 // Exceptions of the standard library leave the function: std::out_of_range from command 22 when a line of
-// MarvelAlertMapping.ini ahead of the sequence number is nothing but white space, std::bad_alloc when memory
-// runs out. On the event thread, where nobody catches them, they end the process.
+// MarvelAlertMapping.ini that is read on the way to the sequence number is nothing but white space,
+// std::bad_alloc when memory runs out. On the event thread, where nobody catches them, they end the process.
 extern "C" unsigned int libpld_sm_zarnek_entry(unsigned int command, void* input, void** output);
 
 using ZARNEK_Entry_t = unsigned int (*)(unsigned int command, void* input, void** output);
 constexpr char ZARNEK_ENTRY_NAME[] = "libpld_sm_zarnek_entry";
 
-constexpr unsigned int ZARNEK_CMD_FIRST = 11; // anything below is refused without a look at it
+constexpr unsigned int ZARNEK_CMD_FIRST = 11; // anything below is refused with a line that names it
 constexpr unsigned int ZARNEK_CMD_INITIALIZE = 20;
 constexpr unsigned int ZARNEK_CMD_START_MONITORING = 21;
 constexpr unsigned int ZARNEK_CMD_DISCOVER = 22;

@@ -22,6 +22,6 @@ constexpr char INI_VIRTUAL_DISK_SECTION[] = "VirtualDevice";
 constexpr char INI_SEQUENCE_SECTION[] = "EventSequenceNumber";
 constexpr char INI_SEQUENCE_KEY[] = "SequenceNumber";
 constexpr unsigned int INI_FIRST_ALERT_NUMBER = 2048; // a lower number counts as no mapping
-constexpr unsigned int INI_NO_NUMBER = 0xFFFFFFFF;    // what a missing or unreadable number reads as
+constexpr unsigned int INI_NO_NUMBER = 0xFFFFFFFF;    // what a number reads as whose file or key is missing
 
 #endif

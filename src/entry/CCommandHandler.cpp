@@ -44,6 +44,12 @@ bool isMarvellManager(const char* typeName)
     return std::strstr(typeName, MARVELL_MANAGER) != nullptr;
 }
 
+// A manager of any other class is left alone.
+bool diesByRemoval(ISubSystemManager* manager)
+{
+    return manager != nullptr && isMarvellManager(typeNameOf(manager));
+}
+
 } // namespace
 
 CCommandHandler* CCommandHandler::getUniqueInstance()
@@ -231,9 +237,11 @@ void CCommandHandler::deleteAllElementsFromVector()
     // A manager that stands in the list more than once, after a repeated initialise, dies at its first place;
     // its other places must not be followed then.
     const auto first = m_SubSystemMgrVector.begin();
-    for (auto place = m_SubSystemMgrVector.end(); place-- != first;)
-        if (std::find(first, place, *place) != place)
+    for (auto place = m_SubSystemMgrVector.end(); place != first;) {
+        --place;
+        if (diesByRemoval(*place) && std::find(first, place, *place) != place)
             *place = nullptr;
+    }
     std::for_each(first, m_SubSystemMgrVector.end(), stg::CCommandHandler_Helper(true));
     m_SubSystemMgrVector.clear();
 }
@@ -246,7 +254,7 @@ void CCommandHandler::deleteFromVector(unsigned int managerId)
     if (found == m_SubSystemMgrVector.end() || *found == nullptr)
         return;
     ISubSystemManager* const manager = *found;
-    const bool dies = isMarvellManager(typeNameOf(manager));
+    const bool dies = diesByRemoval(manager);
     removeSubSystemMgr(*found);
     if (dies) // none of its places may be followed any more
         m_SubSystemMgrVector.erase(
@@ -275,7 +283,7 @@ void CCommandHandler::insertIntoMap(std::pair<unsigned int, ISubSystemManager*> 
 void CCommandHandler::deleteAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::deleteAllElementsFromMap()");
-    // A deletion erases all elements of its manager, so each step looks for the next that is left.
+    // A deletion may erase all elements of its manager, so each step looks for the next that is left.
     for (auto element = m_ControllerSubSystemMap.begin(); element != m_ControllerSubSystemMap.end();) {
         const unsigned int cntrlId = element->first;
         deleteFromMap(*element);
@@ -303,11 +311,10 @@ void CCommandHandler::eraseFromMap(unsigned int cntrlId)
     if (found == m_ControllerSubSystemMap.end())
         return;
     ISubSystemManager* const manager = found->second;
+    const bool dies = diesByRemoval(manager);
+    if (manager != nullptr)
+        deleteSubSystemMgrFromMap(manager);
     m_ControllerSubSystemMap.erase(found);
-    if (manager == nullptr)
-        return;
-    const bool dies = isMarvellManager(typeNameOf(manager));
-    deleteSubSystemMgrFromMap(manager);
     // A manager stands under the number of each of its controllers; none of them may be followed any more.
     for (auto element = m_ControllerSubSystemMap.begin(); dies && element != m_ControllerSubSystemMap.end();)
         element = element->second == manager ? m_ControllerSubSystemMap.erase(element) : std::next(element);

@@ -46,9 +46,10 @@ class CCommandHandler
     void insertIntoVector(ISubSystemManager* manager);
     // Destroys the manager that its run-time class names; a null pointer raises std::bad_typeid.
     void removeSubSystemMgr(ISubSystemManager*& manager);
-    // Destroys every manager once, in list order, and empties the list.
+    // Removes every manager, one that dies of it once, in list order, and empties the list.
     void deleteAllElementsFromVector();
-    // Destroy the first manager with that identifier and take it from the list; null does nothing.
+    // Remove the first manager with that identifier and take it from the list, from all its places if it dies
+    // of it; null does nothing.
     void deleteFromVector(unsigned int managerId);
     void deleteFromVector(ISubSystemManager* manager);
 

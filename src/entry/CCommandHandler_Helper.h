@@ -11,8 +11,9 @@ class IVendorLibrary;
 namespace stg
 {
 
-// Walks the handler's list of managers: an action that removes or creates a manager, or a predicate that
-// looks for an identifier. A copy does not keep the factory, so the creating walk needs the object itself.
+// Walks vendor libraries or the handler's list of managers: an action that creates or removes a manager, or a
+// predicate that looks for an identifier. A copy does not keep the factory, so the creating walk needs the
+// object itself.
 class CCommandHandler_Helper
 {
   public:

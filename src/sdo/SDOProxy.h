@@ -62,7 +62,7 @@ class SDOProxy
 
     // Adds a property to the child. `code` is an SDOTypeCode; `value` points at a value of its width, at a
     // std::string or a std::vector<unsigned int>, or is a nested SDO object, which passes to the child unless
-    // the result tells a failure. A text is cut to 255 characters.
+    // the result tells a failure. A text is cut to 255 characters; null in the place of a value is a failure.
     int addProperty(unsigned int id, unsigned char code, const void* value);
     int addSpecificProperty(unsigned int id, unsigned char code, void* value);
     // Adds four bytes to any object. `type` is the type value that travels, not a type code.
@@ -71,7 +71,8 @@ class SDOProxy
     short retrieveSpecificProperty(unsigned int id, void* out);
     short retrieveSpecificProperty(void* object, unsigned int id, void* out);
     // Reads a property of the child into the scratch field of its code and enters that field in the map under
-    // the attribute's name. All attributes of one code share one field: consume the map before the next use.
+    // the attribute's name, unless the read fails or the name is there. All attributes of one code share one
+    // field: consume the map before the next use.
     void getProperty(unsigned int id, unsigned char code, std::string attribName, AttribValMap* valueMap);
 
     // Fill the child from the attributes that are set on the object. Always 0: a failing property is skipped.
@@ -82,7 +83,8 @@ class SDOProxy
     int createSDOObject(CControl_Notify& notify);
 
     // Insert a clone of the child under a clone of the parent, if there is one; send a clone of the child. A
-    // clone that fails is handed on as null, and what the data engine says of it is the result.
+    // clone that fails is handed on as null, and what the data engine says then is the result: an object
+    // whose parent could not be cloned goes in at the top.
     int insertIntoDataEngine();
     int sendAlertNotification();
     int removeFromDataEngine(void* object);

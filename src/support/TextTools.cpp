@@ -73,7 +73,7 @@ bool invalidChar(char c)
     return (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
 
-std::string convertToString(const std::wstring& wide)
+std::string convertToString(std::wstring wide)
 {
     std::string narrow;
     narrow.reserve(wide.size());
@@ -83,7 +83,7 @@ std::string convertToString(const std::wstring& wide)
     return narrow;
 }
 
-std::wstring convertToWString(const std::string& narrow)
+std::wstring convertToWString(std::string narrow)
 {
     std::wstring wide;
     wide.reserve(narrow.size());

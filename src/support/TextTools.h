@@ -24,9 +24,9 @@ std::string stripUnicode(std::string& text);
 bool invalidChar(char c);
 
 // Keeps the low byte of each character.
-std::string convertToString(const std::wstring& wide);
+std::string convertToString(std::wstring wide);
 // Widens each char with its sign.
-std::wstring convertToWString(const std::string& narrow);
+std::wstring convertToWString(std::string narrow);
 
 // What strtoul and strtol with base 10 give where a long has 32 bits: the number that the text begins with, 0
 // without one, the limit of the type beyond it. The same on every ABI.

@@ -3,7 +3,7 @@
 //
 // File paths are given relative to the install path and begin with "/". The grammar of the mapping file:
 // a line loses all its white space first; one that begins with ";" is a comment, one with "[" and "]" heads a
-// section, any other is key=value. Lines ahead of the first section count as being in every section. A
+// section, any other is key=value. Lines ahead of the first section count as being in the wanted sections. A
 // line that holds nothing but white space, without being empty, ends the reading with std::out_of_range.
 #ifndef ZARNEK_VENDOR_INIACCESS_H
 #define ZARNEK_VENDOR_INIACCESS_H
@@ -17,7 +17,8 @@
 namespace stg
 {
 
-// What the readers and the writer return when there is no value, file or install path.
+// What the readers of the mapping file return without file or install path, the keyword reader without its
+// key too, and the writer without install path.
 constexpr int INI_NOT_FOUND = -1;
 
 // The install directory; empty when it is not known.
