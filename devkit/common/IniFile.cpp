@@ -11,7 +11,7 @@ namespace devkit
 std::optional<std::string> IniFile::value(std::string_view section, std::string_view key) const
 {
     std::string content;
-    if (readFile(m_path, content) != FileRead::DONE)
+    if (readFile(m_path, content) != FileRead::Done)
         return std::nullopt;
     return IniText(content).value(section, key);
 }
@@ -22,7 +22,7 @@ bool IniFile::write(std::string_view section, std::string_view key, std::string_
     static std::mutex writing;
     const std::lock_guard<std::mutex> lock(writing);
     std::string content;
-    if (readFile(m_path, content) == FileRead::FAILED)
+    if (readFile(m_path, content) == FileRead::Failed)
         return false;
     IniText text(content);
     return text.setValue(section, key, value) && replaceFile(m_path, text.text());

@@ -1,5 +1,7 @@
 #include "common/IniText.h"
 
+#include "common/words.h"
+
 #include <algorithm>
 
 namespace devkit
@@ -9,14 +11,6 @@ namespace
 {
 
 constexpr std::string_view BLANKS = " \t\r";
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(BLANKS);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
-}
 
 } // namespace
 

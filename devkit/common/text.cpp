@@ -25,11 +25,11 @@ std::string quoted(const char* text)
 
 std::string hex(std::string_view bytes)
 {
-    static constexpr char HEX_DIGITS[] = "0123456789abcdef";
+    static constexpr char DIGITS[] = "0123456789abcdef";
     std::string result;
     for (const char byte : bytes) {
         const unsigned int code = static_cast<unsigned char>(byte);
-        (result += HEX_DIGITS[code >> 4]) += HEX_DIGITS[code & 0xf];
+        (result += DIGITS[code >> 4]) += DIGITS[code & 0xf];
     }
     return result;
 }

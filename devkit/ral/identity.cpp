@@ -9,6 +9,9 @@
 #include <cstring>
 #include <string_view>
 
+namespace ral
+{
+
 namespace
 {
 
@@ -32,7 +35,7 @@ std::optional<Property> find(const void* object, unsigned int id)
     return std::nullopt;
 }
 
-template <typename Value>
+template <class Value>
 Value read(const Property& property)
 {
     Value value;
@@ -128,3 +131,5 @@ std::string describeNotification(const void* object)
         text += ", " + describe(concerned->value);
     return text;
 }
+
+} // namespace ral

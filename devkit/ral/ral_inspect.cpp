@@ -1,9 +1,13 @@
 #include "ral/ral_inspect.h"
 
+#include "common/words.h"
 #include "ral/Ral.h"
 #include "ral/identity.h"
 
 #include <new>
+
+using ral::Ral;
+using ral::SnapshotEntry;
 
 struct ral_snapshot {
     std::vector<SnapshotEntry> entries;
@@ -71,13 +75,17 @@ int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index)
     return entry != nullptr && entry->incomplete ? 1 : 0;
 }
 
+unsigned int ral_incomplete_count()
+{
+    return Ral::instance().incomplete();
+}
+
 size_t ral_object_identity(const void* object, char* buffer, size_t size)
 {
-    const std::optional<Identity> identity = identityOf(object);
+    const std::optional<ral::Identity> identity = ral::identityOf(object);
     if (!identity)
         return 0;
-    if (size != 0)
-        buffer[identity->text.copy(buffer, size - 1)] = '\0';
+    devkit::copyText(identity->text, buffer, size);
     return identity->text.size();
 }
 

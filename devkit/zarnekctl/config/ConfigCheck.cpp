@@ -18,7 +18,7 @@ namespace
 Findings checkMappingFile(const std::filesystem::path& path)
 {
     std::string content;
-    if (devkit::readFile(path.string(), content) != devkit::FileRead::DONE)
+    if (devkit::readFile(path.string(), content) != devkit::FileRead::Done)
         return {{1, Effect::NoMonitoring, "the file cannot be read", PUT_THE_FILE_THERE}};
     Findings findings = MappingCheck(content).run();
     // The file is replaced, so that the right to write into its folder counts.

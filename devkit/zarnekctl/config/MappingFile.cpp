@@ -66,7 +66,7 @@ MappingFile::MappingFile(const std::string& content)
 std::optional<MappingFile> MappingFile::read(const std::filesystem::path& file)
 {
     std::string content;
-    if (devkit::readFile(file.string(), content) != devkit::FileRead::DONE)
+    if (devkit::readFile(file.string(), content) != devkit::FileRead::Done)
         return std::nullopt;
     return MappingFile(content);
 }

@@ -1,4 +1,4 @@
-#include "mvsim/api/CallRules.h"
+#include "mvsim/model/CallRules.h"
 
 #include <algorithm>
 
@@ -8,14 +8,17 @@ namespace mvsim
 namespace
 {
 
-constexpr unsigned int STATUS_MASK = 0xff; // callers look at no more of a result
-
 std::size_t indexOf(EntryPoint entry)
 {
     return static_cast<std::size_t>(entry);
 }
 
 } // namespace
+
+std::size_t AnswerLength::filled(std::size_t available) const
+{
+    return std::min<std::size_t>({available, entries.value_or(~0U), count.value_or(~0U)});
+}
 
 void CallRules::setFault(EntryPoint entry, const Fault& fault)
 {
@@ -64,7 +67,7 @@ Verdict CallRules::judge(EntryPoint entry)
     const unsigned int call = ++fault->callsSeen;
     if (call < fault->firstCall || (fault->calls != 0 && call - fault->firstCall >= fault->calls))
         return {};
-    return {fault->result, fault->fills || (fault->result & STATUS_MASK) == 0};
+    return {fault->result, fault->fills || isSuccess(fault->result)};
 }
 
 AnswerLength CallRules::answer(EntryPoint entry) const

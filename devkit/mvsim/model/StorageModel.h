@@ -28,6 +28,37 @@ struct VirtualDisk {
     _LD_Config config{};
 };
 
+// The id by which calls name a device.
+inline std::uint16_t idOf(const Disk& disk)
+{
+    return disk.info.HD_Id;
+}
+inline std::uint16_t idOf(const VirtualDisk& drive)
+{
+    return drive.info.LD_Id;
+}
+
+// The number under which the outside world knows a device; events name it by that.
+inline std::uint16_t numberOf(const Disk& disk)
+{
+    return disk.config.SlotNumber;
+}
+inline std::uint16_t numberOf(const VirtualDisk& drive)
+{
+    return drive.config.LogicalDriveNumber;
+}
+
+inline void setNumbers(Disk& disk, std::uint16_t id, std::uint16_t slot)
+{
+    disk.info.HD_Id = id;
+    disk.config.SlotNumber = slot;
+}
+inline void setNumbers(VirtualDisk& drive, std::uint16_t id, std::uint16_t logicalDrive)
+{
+    drive.info.LD_Id = id;
+    drive.config.LogicalDriveNumber = logicalDrive;
+}
+
 struct Adapter {
     _Adapter_Info info{};
     _Adapter_Config_V2 config{};

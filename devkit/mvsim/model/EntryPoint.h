@@ -33,6 +33,12 @@ constexpr bool isLibraryWide(EntryPoint entry)
     return entry <= EntryPoint::MV_Adapter_GetCount;
 }
 
+// Callers look at the low byte of a result alone.
+constexpr bool isSuccess(unsigned int result)
+{
+    return (result & 0xff) == MV_ERR_NONE;
+}
+
 static_assert(isLibraryWide(EntryPoint::MV_API_Version) && !isLibraryWide(EntryPoint::MV_Adapter_GetInfo));
 
 } // namespace mvsim

@@ -3,7 +3,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_CALLRULES_H
 #define ZARNEK_DEVKIT_MVSIM_CALLRULES_H
 
-#include "mvsim/api/EntryPoint.h"
+#include "mvsim/model/EntryPoint.h"
 
 #include <array>
 #include <optional>
@@ -26,6 +26,9 @@ struct Fault {
 struct AnswerLength {
     std::optional<unsigned int> entries; // at most so many are filled
     std::optional<unsigned int> count;   // so many are claimed; no more than that are filled
+
+    // How many of `available` entries are filled in.
+    std::size_t filled(std::size_t available) const;
 };
 
 struct Verdict {
