@@ -97,6 +97,12 @@ void operator delete[](void* memory, std::size_t /*size*/) noexcept
     operator delete(memory);
 }
 
+// Where a constructor throws.
+void operator delete(void* memory, const std::nothrow_t& /*form*/) noexcept
+{
+    operator delete(memory);
+}
+
 #else
 
 // The forms of new and delete come down to these.
@@ -144,5 +150,5 @@ void AllocationFaults::end()
 {
     g_watching = false;
     for (const auto& [memory, chain] : held())
-        g_outcome->lost[g_outcome->losses++ % Outcome::KEPT] = chain;
+        g_outcome->lost[g_outcome->losses++ % Outcome::LOST] = chain;
 }

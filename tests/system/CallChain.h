@@ -9,7 +9,7 @@
 
 // Plain data, so that it can be handed from one process to another. The innermost call comes first.
 struct CallChain {
-    static constexpr std::uint32_t WHOLE = 32;
+    static constexpr std::uint32_t WHOLE = 64;
 
     // The innermost `depth` calls up to here; empty where it was not the plug-in that called into the library
     // at the top of the chain, but another library around it or the program itself. May run in place of

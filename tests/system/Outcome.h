@@ -24,7 +24,7 @@ struct Answer {
 };
 
 struct Outcome {
-    static constexpr unsigned int KEPT = 48;
+    static constexpr unsigned int KEPT = 48, LOST = 8;
 
     RunEnd end;
     bool onEventThread; // of a Terminated run, as the next
@@ -36,7 +36,7 @@ struct Outcome {
     unsigned int strikes;
     std::array<CallChain, KEPT> struck; // where it did, the last ones: strike n stands at n modulo KEPT
     unsigned int losses;                // pieces of memory that the plug-in kept beyond its unload
-    std::array<CallChain, KEPT> lost;   // where they were allocated, as far as there is room
+    std::array<CallChain, LOST> lost;   // where they were allocated, as far as there is room
     std::array<char, 1000> said;        // the plug-in, with the word Failed; in lines
     std::array<char, 1000> faults;      // what the stand-ins and the next run had to complain about, in lines
 };

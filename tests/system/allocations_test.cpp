@@ -133,7 +133,7 @@ class AllocationsTest : public TestWithParam<Sweep>
                         (answer.command == ZARNEK_CMD_DISCOVER && answer.value == 1))
                 << answer.value;
         }
-        for (unsigned int i = 0; i < std::min(outcome.losses, Outcome::KEPT); ++i)
+        for (unsigned int i = 0; i < std::min(outcome.losses, Outcome::LOST); ++i)
             expectDesign(What::Loses, last.command, m_names.text(outcome.lost[i]), "lost a piece of memory");
         EXPECT_STREQ(outcome.faults.data(), "");
         ++m_figures["gave its answers"];
@@ -163,15 +163,17 @@ TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
     ASSERT_THAT(m_run.m_expected, ContainsRegex("(alert[^\n]*\n){4}; Alert numbers"));
     const Outcome whole = run(0);
     judge(whole);
+    m_figures.clear();
 
     std::map<unsigned int, Outcome> outcomes;
     const bool every = std::getenv("ZARNEK_EVERY_ALLOCATION") != nullptr;
     for (unsigned int nth = 1; nth <= whole.places; nth += every ? 1 : GetParam().stride) {
         const Outcome& outcome = outcomes[nth] = run(nth);
         ASSERT_GE(outcome.strikes, 1U) << "the runs differ";
-        for (const auto* const chains : {&outcome.struck, &outcome.lost})
-            std::for_each(chains->begin(), chains->end(),
-                          [this](const CallChain& chain) { m_names.want(chain); });
+        for (const CallChain& chain : outcome.struck)
+            m_names.want(chain);
+        for (const CallChain& chain : outcome.lost)
+            m_names.want(chain);
         for (const Answer& answer : outcome.answers)
             m_names.want(answer.struck);
     }
