@@ -1,53 +1,20 @@
-#include "common/LeaksByDesign.h"
 #include "common/PluginTest.h"
 #include "discovery/CMarvelSubSystemMgr.h"
 #include "discovery/CSubSystemFactory.h"
 #include "entry/CCommandHandler.h"
 #include "entry/CCommandHandler_Helper.h"
-#include "events/CMarvelEventManager.h"
-#include "events/CMarvelEvtObserver.h"
-#include "events/CMarvelEvtSubject.h"
 #include "morlan/morlan_inspect.h"
-#include "mvlayer/CMVLibraryInterfaceLayer.h"
 #include "ral/ral_inspect.h"
-#include "vendor/CLibraryManager.h"
-#include "vendor/CMarvellVendorLibrary.h"
 
 #include <sdo.h>
 #include <zarnek.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <new>
 #include <regex>
 #include <typeinfo>
 
 using namespace testing;
-
-// The nth allocation of this size from now fails on this thread.
-thread_local std::size_t doomedSize = 0;
-thread_local unsigned int doomedAllocation = 0;
-
-void* operator new(std::size_t size, const std::nothrow_t& /*form*/) noexcept
-{
-    const bool doomed = doomedSize != 0 && size == doomedSize && --doomedAllocation == 0;
-    doomedSize = doomed ? 0 : doomedSize;
-    return doomed ? nullptr : std::malloc(size);
-}
-void* operator new(std::size_t size)
-{
-    void* const memory = operator new(size, std::nothrow);
-    return memory != nullptr ? memory : throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept
-{
-    std::free(memory);
-}
 
 namespace
 {
@@ -168,66 +135,6 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
     // Each initialise lists the manager once per library, and the libraries add up until 23.
     expect({20, 20, 22, 25, 25}, {6}, {10, 11, 12, 13, 14, 15}, 0, 1, 0);
     expect({20, 22, 25, 20, 22}, {2, 6}, {10, 11, 20, 21, 22, 23}, 2, 1, 0);
-}
-
-TEST_F(EntryTest, FailedInitialiseKeepsTheSlotAndTheManagers)
-{
-    const auto expect = [this](std::size_t allocation, const std::string& said) {
-        clear();
-        doomedSize = allocation;
-        doomedAllocation = 1;
-        EXPECT_EQ(send(20), 1U);
-        EXPECT_EQ(m_slot, &m_mark);
-        EXPECT_EQ(ownLog(),
-                  "E{|N{|N: Initialize|H:initialize(){|H:initialize(): " + said + "|H:initialize()}|N}|E}|");
-        // The manager of before is initialised all the same.
-        EXPECT_THAT(messages(), Contains(HasSubstr("Event Manager got created")).Times(1));
-    };
-    loadAdapter("");
-    ASSERT_EQ(send(20), 0U);
-    expect(sizeof(CSubSystemFactory), "Failed to allocate memory for CSubSystemFactory. std::bad_alloc");
-    EXPECT_EQ(send(20), 0U);
-}
-
-TEST_F(EntryTest, WhatFindsNoMemoryIsToldAndDoneWithout)
-{
-    const LeaksByDesign subjectWithoutObserver;
-    const std::string memory = "Failed to allocate Memory. std::bad_alloc";
-    const std::string instantiate = "ZARNEK:IEventManager::instantiate(): Failed to create Event ";
-    loadAdapter("");
-    for (const auto& [size, said] : std::vector<std::pair<std::size_t, Lines>>{
-             {sizeof(CCommandHandler), {"ZARNEK:CCommandHandler::getUniqueInstance(): " + memory}},
-             {sizeof(CMarvellVendorLibrary),
-              {"ZARNEK:CLibraryLoader:createLibModelObj(): Failed to get p_VendorLibrary instance."}},
-             {sizeof(CMVLibraryInterfaceLayer), {"ZARNEK:CMarvelSubSystemMgr(): Failed to create LIL obj "}},
-             {sizeof(CMarvelEventManager), {"ZARNEK:CCommandHandler::getUniqueInstance(): " + memory}},
-             {sizeof(CMarvelEvtSubject),
-              {"ZARNEK:CMarvelEventManager::createEventSubject(): Failed to instantiate Event Subject.",
-               instantiate + "Subject. Not proceeding further to create Event Observer and Thread."}},
-             {sizeof(CMarvelEvtObserver),
-              {instantiate + "Observer. Not proceeding further to create Event Thread."}}}) {
-        SCOPED_TRACE(said.back());
-        bool told = false;
-        // Others allocate as much; each of them fails in its turn, and no process ends by it.
-        bool reached = true;
-        for (unsigned int nth = 1; reached && !told; ++nth) {
-            CMarvelSubSystemMgr::destroyMe();
-            CCommandHandler::destroyMe();
-            clear();
-            doomedSize = size;
-            doomedAllocation = nth;
-            try {
-                CCommandHandler::getUniqueInstance();
-                for (const unsigned int command : {20, 22, 25, 23})
-                    send(command);
-            } catch (const std::bad_alloc&) {
-            }
-            reached = doomedSize == 0;
-            doomedSize = 0;
-            told = Value(messages(), IsSupersetOf(said));
-        }
-        EXPECT_TRUE(told);
-    }
 }
 
 // Notes its calls, all of which fail.

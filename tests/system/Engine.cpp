@@ -8,6 +8,7 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <semaphore.h>
 
 #include <algorithm>
 #include <array>
@@ -21,7 +22,7 @@ namespace
 {
 
 std::atomic<unsigned int> g_sleeps{0};
-std::atomic<unsigned int> g_wakes{0};
+sem_t g_wake{}; // counts from 0, within the process
 
 unsigned int numberOf(const void* object, unsigned int wanted)
 {
@@ -42,20 +43,19 @@ unsigned int numberOf(const void* object, unsigned int wanted)
 
 extern "C" __attribute__((visibility("default"))) unsigned int sleep(unsigned int seconds)
 {
-    const unsigned int wakes = g_wakes;
-    ++g_sleeps;
-    // In short pieces, so that wakeSleepers is seen; a signal ends it as it ends the C library's.
-    const timespec piece{0, 1000000};
-    for (unsigned int piecesLeft = seconds * 1000; piecesLeft > 0 && wakes == g_wakes; --piecesLeft) {
-        if (nanosleep(&piece, nullptr) != 0)
-            break;
+    while (sem_trywait(&g_wake) == 0) { // a wake that came before
     }
+    ++g_sleeps;
+    timespec end{};
+    clock_gettime(CLOCK_REALTIME, &end);
+    end.tv_sec += seconds;
+    sem_timedwait(&g_wake, &end); // a signal ends it as it ends the C library's
     return 0;
 }
 
-void wakeSleepers()
+void wakeSleeper()
 {
-    ++g_wakes;
+    sem_post(&g_wake);
 }
 
 Engine::Engine()
@@ -115,9 +115,20 @@ void Engine::unloadPlugin()
     m_library = nullptr;
 }
 
+bool Engine::isLoaded() const
+{
+    void* const library = dlopen(ZARNEK_PLUGIN, RTLD_NOW | RTLD_NOLOAD);
+    return library != nullptr && dlclose(library) == 0;
+}
+
+unsigned int Engine::call(unsigned int command, void* input, void** output)
+{
+    return m_entry(command, input, output);
+}
+
 unsigned int Engine::send(unsigned int command)
 {
-    return m_entry(command, nullptr, &m_slot);
+    return call(command, nullptr, &m_slot);
 }
 
 unsigned int Engine::discover(unsigned int firstNumber)
@@ -131,14 +142,20 @@ unsigned int Engine::discover(unsigned int firstNumber)
 unsigned int Engine::monitor()
 {
     // The plug-in's two threads must not log at once, so the event thread waits for the command's end.
-    const unsigned int sleeps = g_sleeps;
     morlan_hold_threads(1);
     const unsigned int status = send(21);
+    poll();
+    return status;
+}
+
+void Engine::poll()
+{
+    const unsigned int sleeps = g_sleeps;
+    wakeSleeper();
     morlan_hold_threads(0);
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (morlan_running_threads() != 0 && sleeps == g_sleeps && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(std::chrono::microseconds(200));
-    return status;
 }
 
 bool Engine::logged(const std::string& line) const

@@ -25,11 +25,16 @@ class Engine
     // A fresh copy of the plug-in: its statics are as after load.
     void loadPlugin();
     void unloadPlugin();
+    bool isLoaded() const; // also where something else than this object keeps the plug-in loaded
+    // The exported function itself; exceptions come through.
+    unsigned int call(unsigned int command, void* input, void** output);
     unsigned int send(unsigned int command);
     // Command 22; the total that came back.
     unsigned int discover(unsigned int firstNumber);
     // Command 21, and the event thread's first poll.
     unsigned int monitor();
+    // Lets a held or sleeping event thread poll until it sleeps again or ends.
+    static void poll();
 
     std::vector<std::string> log() const { return m_log.lines(); }
     bool logged(const std::string& line) const;
@@ -53,6 +58,6 @@ class Engine
 
 // The event thread's sleep, which this program supplies in place of the C library's: its early end
 // without a stop.
-void wakeSleepers();
+void wakeSleeper();
 
 #endif

@@ -147,7 +147,7 @@ TEST_F(StopFaultTest, AThreadThatOutlivesItsStopTouchesNothing)
     EXPECT_EQ(m_engine.send(25), 0U);
     EXPECT_TRUE(m_engine.logged("ZARNEK:Thread::stopThread(): Error code (During stopping the Thread) = 7"));
     EXPECT_EQ(morlan_running_threads(), 1U);
-    wakeSleepers();
+    wakeSleeper();
     EXPECT_EQ(morlan_wait_threads(5000), 0);
     EXPECT_EQ(m_engine.send(23), 0U);
 }

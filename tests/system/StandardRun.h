@@ -1,0 +1,46 @@
+// The plug-in's whole life in a small system, with alerts of every kind.
+#ifndef ZARNEK_TESTS_STANDARDRUN_H
+#define ZARNEK_TESTS_STANDARDRUN_H
+
+#include "system/Engine.h"
+#include "system/Outcome.h"
+
+// What goes wrong in a run.
+class IFaultPlan
+{
+  public:
+    virtual ~IFaultPlan() = default;
+    // The plug-in is loaded and has had no command.
+    virtual void begin(Outcome& outcome) = 0;
+    // The plug-in is unloaded. Not called where it could not be.
+    virtual void end() = 0;
+};
+
+// Two lives of the plug-in, the first under a plan and the second without one; to be called in a process that
+// ends afterwards.
+class StandardRun
+{
+  public:
+    StandardRun();
+
+    void disturbed(IFaultPlan& plan, Outcome& outcome);
+    // What a life without faults leaves: all objects in the data engine, the alerts that came, and the
+    // mapping file.
+    std::string undisturbed();
+    // What the second life has to leave.
+    std::string m_expected;
+
+    Engine m_engine;
+
+  private:
+    void start();
+    void command(unsigned int number, Outcome& outcome);
+    void live(Outcome& outcome);
+    std::string picture() const;
+    static void noteAlert(void* run, const void* object);
+
+    std::string m_mapping;
+    std::string m_alerts;
+};
+
+#endif

@@ -1,0 +1,201 @@
+// Each allocation of the plug-in fails in its turn, once and for good, in a life of the plug-in from load to
+// unload. What may come of it stands in the tables below; anything else is a fault.
+#include "system/AllocationFaults.h"
+#include "system/ForkedRun.h"
+
+#include <sdo.h>
+#include <zarnek.h>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <set>
+#include <sstream>
+
+using namespace testing;
+
+namespace
+{
+
+// Each run writes the mapping file through to the disk, which takes longer than all the rest.
+const int IN_MEMORY = setenv("TMPDIR", "/dev/shm", 0);
+
+// What may come of a failed allocation.
+enum class What { Throws, Crashes, Terminates, Loses };
+
+// By design; what stands not here is a fault.
+struct Rule {
+    What what;
+    unsigned int command; // under way
+    const char* function; // in the call chain of the allocation that failed, or of the one that is lost
+    const char* why;
+};
+constexpr unsigned int ANY = 0;
+const Rule BY_DESIGN[] = {
+    {What::Throws, ZARNEK_CMD_INITIALIZE, "CLibraryManager::initializeLibrary()",
+     "the vendor list cannot be read"},
+    {What::Throws, ZARNEK_CMD_DISCOVER, "ISubSystemManager::discover()", "what is found cannot be told"},
+    {What::Crashes, ZARNEK_CMD_INITIALIZE, "uniqueInstance<CCommandHandler,",
+     "there is no handler to take the command"},
+    {What::Terminates, ZARNEK_CMD_START_MONITORING, "IEventManager::thread_call_back(void*)",
+     "nobody catches on the event thread"},
+    {What::Loses, ANY, "CLibraryLoader::createAllLibObjs()", "of a library that sees no controller"},
+    {What::Loses, ANY, "CMarvelEventManager::createEventSubject(IEvtSubject*&)",
+     "of a subject without observer or thread"},
+    {What::Loses, ANY, "CSubSystemFactory::createSubSystemMgrObj(", "of a manager that got into no list"},
+};
+
+const char* designOf(What what, unsigned int command, const std::string& chain)
+{
+    for (const Rule& rule : BY_DESIGN) {
+        if (rule.what == what && (rule.command == ANY || rule.command == command) &&
+            chain.find(rule.function) != std::string::npos)
+            return rule.why;
+    }
+    return nullptr;
+}
+
+// Lines that tell of a failed allocation; each is said in a run.
+const char* const SAID[] = {
+    "ZARNEK:CCommandHandler::getUniqueInstance(): Failed to allocate Memory. std::bad_alloc",
+    "ZARNEK:CCommandHandler::initialize(): Failed to create instance of Library Manager. SubSystemManager "
+    "has NOT been instantiated.",
+    "ZARNEK:CCommandHandler::initialize(): Failed to allocate memory for CSubSystemFactory. std::bad_alloc",
+    "ZARNEK:CLibraryManager::getUniqueInstance(): Failed to allocate Memory. std::bad_alloc",
+    "ZARNEK:CLibraryLoader:createLibModelObj(): Failed to get p_VendorLibrary instance.",
+    "ZARNEK:CLibraryInterfaceLayer: getAllPDInfo()  Failed to allocate memory pHdRaidStatusReq",
+    "ZARNEK:CLibraryInterfaceLayer: getAllPDInfo()  Failed to allocate memory pHdFreeSpaceReq",
+    "ZARNEK:CMarvelSubSystemMgr(): Failed to create LIL obj ",
+    "ZARNEK:CMarvelEventManager::createEventSubject(): Failed to instantiate Event Subject.",
+    "ZARNEK:IEventManager::instantiate(): Failed to create Event Subject. Not proceeding further to create "
+    "Event Observer and Thread.",
+    "ZARNEK:IEventManager::instantiate(): Failed to create Event Observer. Not proceeding further to create "
+    "Event Thread.",
+    "ZARNEK:ISubSystemManager::discover(): Failed to instantiate objects in Event Manager. Not able to "
+    "process events.",
+};
+
+// Once: an allocation fails. ForGood: so do all behind it.
+struct Sweep {
+    const char* name;
+    bool forGood;
+    unsigned int stride;
+};
+#ifdef ZARNEK_SANITIZED
+const Sweep SWEEPS[] = {{"Once", false, 41}, {"ForGood", true, 97}};
+#else
+const Sweep SWEEPS[] = {{"Once", false, 1}, {"ForGood", true, 17}};
+#endif
+
+void PrintTo(const Sweep& sweep, std::ostream* stream)
+{
+    *stream << sweep.name;
+}
+
+class AllocationsTest : public TestWithParam<Sweep>
+{
+  protected:
+    Outcome run(unsigned int nth, bool wholeChains = false)
+    {
+        AllocationFaults plan(nth, GetParam().forGood, wholeChains);
+        const Outcome outcome = m_fork([&](Outcome& shared) { m_run.disturbed(plan, shared); });
+        return outcome.losses == 0 || wholeChains ? outcome : run(nth, true);
+    }
+
+    // Counts how a run ended, and tells what nobody designed.
+    void judge(const Outcome& outcome)
+    {
+        const Answer& last = outcome.answers[outcome.answerCount - 1];
+        if (outcome.end == RunEnd::Terminated) {
+            const std::string chain = m_names.text(outcome.struck[(outcome.strikes - 1) % Outcome::KEPT]);
+            EXPECT_TRUE(outcome.onEventThread && outcome.uncaught == Thrown::BadAlloc);
+            EXPECT_THAT(chain, Not(HasSubstr("::~"))) << "a destructor may not throw";
+            return expectDesign(What::Terminates, last.command, chain, "ended the process");
+        }
+        if (outcome.end == RunEnd::Died) {
+            std::string chains;
+            for (unsigned int i = 0; i < std::min(outcome.strikes, Outcome::KEPT); ++i)
+                chains += m_names.text(outcome.struck[i]);
+            return expectDesign(What::Crashes, last.command, chains, "crashed");
+        }
+        for (const Answer& answer : outcome.answers) {
+            SCOPED_TRACE("command " + std::to_string(answer.command));
+            EXPECT_NE(answer.thrown, Thrown::Other);
+            if (answer.thrown == Thrown::BadAlloc)
+                expectDesign(What::Throws, answer.command, m_names.text(answer.struck), "threw");
+            const bool initialises = answer.command == ZARNEK_CMD_INITIALIZE;
+            EXPECT_LE(answer.status, initialises ? ZARNEK_STATUS_FAILED : ZARNEK_STATUS_DONE);
+            const bool done = answer.thrown == Thrown::Nothing && answer.status == ZARNEK_STATUS_DONE;
+            const unsigned int wanted = initialises && done ? SDO_VIL_NUMBER : 0;
+            EXPECT_TRUE(answer.value == wanted ||
+                        (answer.command == ZARNEK_CMD_DISCOVER && answer.value == 1))
+                << answer.value;
+        }
+        for (unsigned int i = 0; i < std::min(outcome.losses, Outcome::LOST); ++i)
+            expectDesign(What::Loses, last.command, m_names.text(outcome.lost[i]), "lost a piece of memory");
+        EXPECT_STREQ(outcome.faults.data(), "");
+        ++m_figures["gave its answers"];
+    }
+
+    void expectDesign(What what, unsigned int command, const std::string& chain, const std::string& event)
+    {
+        const char* const why = designOf(what, command, chain);
+        if (why == nullptr)
+            ADD_FAILURE() << "command " << command << ' ' << event << ", which nobody designed:\n" << chain;
+        else
+            ++m_figures[event + ": " + why];
+    }
+
+    ForkedRun m_fork;
+    StandardRun m_run;
+    FunctionNames m_names;
+    std::map<std::string, unsigned int> m_figures;
+};
+
+TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
+{
+    const TempFolder& folder = m_run.m_engine.m_folder;
+    m_fork([&](Outcome&) { folder.write("picture", m_run.undisturbed()); });
+    m_run.m_expected = folder.read("picture");
+    // Else the sweep would not see what alerts bring.
+    ASSERT_THAT(m_run.m_expected, ContainsRegex("(alert[^\n]*\n){4}; Alert numbers"));
+    const Outcome whole = run(0);
+    judge(whole);
+    m_figures.clear();
+
+    std::map<unsigned int, Outcome> outcomes;
+    const bool every = std::getenv("ZARNEK_EVERY_ALLOCATION") != nullptr;
+    for (unsigned int nth = 1; nth <= whole.places; nth += every ? 1 : GetParam().stride) {
+        const Outcome& outcome = outcomes[nth] = run(nth);
+        ASSERT_GE(outcome.strikes, 1U) << "the runs differ";
+        for (const CallChain& chain : outcome.struck)
+            m_names.want(chain);
+        for (const CallChain& chain : outcome.lost)
+            m_names.want(chain);
+        for (const Answer& answer : outcome.answers)
+            m_names.want(answer.struck);
+    }
+    m_names.find();
+    std::set<std::string> said;
+    for (const auto& [nth, outcome] : outcomes) {
+        SCOPED_TRACE("allocation " + std::to_string(nth));
+        judge(outcome);
+        std::istringstream lines(outcome.said.data());
+        for (std::string line; std::getline(lines, line);) {
+            said.insert(line);
+        }
+    }
+    if (outcomes.size() == whole.places && !GetParam().forGood) {
+        EXPECT_THAT(said, IsSupersetOf(SAID));
+    }
+    std::cout << outcomes.size() << " of " << whole.places << " allocations failed; the plug-in\n";
+    for (const auto& [kind, count] : m_figures)
+        std::cout << "    " << count << ' ' << kind << '\n';
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AllocationsTest, ValuesIn(SWEEPS),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+} // namespace
