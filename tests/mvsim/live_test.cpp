@@ -26,9 +26,8 @@ class LiveTest : public SimTest
             const std::size_t arrow = line.find(" -> ");
             const fs::path path =
                 m_folder.path("sys/" + folder + "/" + line.substr(0, std::min(equals, arrow)));
-            if (line.empty() || line.front() == '#') {
+            if (line.empty() || line.front() == '#')
                 continue;
-            }
             fs::create_directories(path.parent_path());
             if (arrow != std::string::npos) {
                 fs::create_directory_symlink(line.substr(arrow + 4), path);
@@ -157,9 +156,8 @@ TEST_F(LiveTest, MembersMakeDiskStates)
     loadLive();
     const unsigned int expected[] = {MV_DISK_IN_ARRAY, MV_DISK_BAD,   MV_DISK_BAD,
                                      MV_DISK_IN_ARRAY, MV_DISK_READY, MV_DISK_IN_ARRAY};
-    for (std::uint16_t id = 0; id < std::size(expected); ++id) {
+    for (std::uint16_t id = 0; id < std::size(expected); ++id)
         EXPECT_EQ(diskStatus(id), expected[id]) << id;
-    }
     EXPECT_EQ(freeKB(0), 1024U) << "a member on a partition takes no more than the partition";
     EXPECT_EQ(freeKB(1), 512U) << "a whole disk gives what the array takes of it";
 
@@ -172,9 +170,8 @@ TEST_F(LiveTest, MembersMakeDiskStates)
 
 TEST_F(LiveTest, ChangesBecomeEvents)
 {
-    for (const char* name : {"sda", "sdb", "sdc", "sdd"}) {
+    for (const char* name : {"sda", "sdb", "sdc", "sdd"})
         putDisk(name, std::string("serial of ") + name);
-    }
     put("block/md5/md", "level=raid1;raid_disks=2;array_state=active;degraded=0;"
                         "dev-sda/state=in_sync;dev-sda/slot=0;dev-sdb/state=in_sync;dev-sdb/slot=1");
     loadLive();
@@ -216,9 +213,8 @@ TEST_F(LiveTest, ChangesBecomeEvents)
           "20: rebuildStarted 6", "21: controllerConfigChanged 0"}},
     };
     for (const auto& step : story) {
-        if (step.gone[0] != '\0') {
+        if (step.gone[0] != '\0')
             remove(std::string("block/") + step.gone);
-        }
         put("block", step.files);
         EXPECT_EQ(poll(), step.events) << step.gone << " " << step.files;
     }
