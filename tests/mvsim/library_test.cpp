@@ -15,13 +15,10 @@ struct Close {
 };
 using OpenLibrary = std::unique_ptr<void, Close>;
 
-// A copy of the simulator that has not been asked anything yet, from the folder where the simulator lies.
+// A copy of the simulator that has not been asked anything yet.
 OpenLibrary openCopy()
 {
-    Dl_info simulator{};
-    EXPECT_NE(dladdr(reinterpret_cast<const void*>(&mvsim_reset), &simulator), 0);
-    const auto path = std::filesystem::path(simulator.dli_fname).replace_filename("libmv_copy.so");
-    OpenLibrary library(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
+    OpenLibrary library(dlopen("libmv_copy.so", RTLD_NOW | RTLD_LOCAL));
     EXPECT_NE(library, nullptr) << dlerror();
     return library;
 }
