@@ -33,6 +33,15 @@ class Morlan
     MutexTable mutexes;
     StringTable strings;
 
+    // Counts a call and, unless it is to fail by plan, does it: `act()` tells whether that worked.
+    template <class Act>
+    int attempt(const char* call, Act act)
+    {
+        if (const auto fault = faults.enter(call))
+            return *fault;
+        return act() ? 0 : FAILED;
+    }
+
     // Back to the state after load; objects and threads stay.
     void reset();
 

@@ -85,23 +85,17 @@ void* SMMutexCreate(int)
 
 int SMMutexLock(void* mutex, int timeout)
 {
-    if (const auto fault = library().faults.enter(__func__))
-        return *fault;
-    return library().mutexes.lock(mutex, timeout) ? 0 : Morlan::FAILED;
+    return library().attempt(__func__, [&] { return library().mutexes.lock(mutex, timeout); });
 }
 
 int SMMutexUnLock(void* mutex)
 {
-    if (const auto fault = library().faults.enter(__func__))
-        return *fault;
-    return library().mutexes.unlock(mutex) ? 0 : Morlan::FAILED;
+    return library().attempt(__func__, [&] { return library().mutexes.unlock(mutex); });
 }
 
 int SMMutexDestroy(void* mutex)
 {
-    if (const auto fault = library().faults.enter(__func__))
-        return *fault;
-    return library().mutexes.destroy(mutex) ? 0 : Morlan::FAILED;
+    return library().attempt(__func__, [&] { return library().mutexes.destroy(mutex); });
 }
 
 void* SMThreadStart(void (*function)(void*), void* argument)
@@ -117,11 +111,7 @@ void* SMThreadStart(void (*function)(void*), void* argument)
 
 int SMThreadStop(void* thread)
 {
-    int status = 0;
-    if (const auto fault = library().faults.enter(__func__))
-        status = *fault;
-    else if (!library().threads.stop(thread))
-        status = Morlan::FAILED;
+    const int status = library().attempt(__func__, [&] { return library().threads.stop(thread); });
     report([&] { return "SMThreadStop(" + threadText(thread) + ")" + statusText(status); });
     return status;
 }
@@ -137,11 +127,7 @@ void* SMLibLoad(const char* path)
 
 int SMLibUnLoad(void* loaded)
 {
-    int status = 0;
-    if (const auto fault = library().faults.enter(__func__))
-        status = *fault;
-    else if (loaded == nullptr || dlclose(loaded) != 0)
-        status = Morlan::FAILED;
+    const int status = library().attempt(__func__, [&] { return loaded != nullptr && dlclose(loaded) == 0; });
     report([&] {
         return (loaded == nullptr ? "SMLibUnLoad(null)" : "SMLibUnLoad(library)") + statusText(status);
     });
@@ -157,15 +143,11 @@ void* sm_create()
 
 int GetIniFilePath(void* string)
 {
-    int status = Morlan::FAILED;
     std::optional<std::string> path;
-    if (const auto fault = library().faults.enter(__func__)) {
-        status = *fault;
-    } else {
+    const int status = library().attempt(__func__, [&] {
         path = library().installPath.get();
-        if (path && library().strings.assign(string, *path))
-            status = 0;
-    }
+        return path && library().strings.assign(string, *path);
+    });
     report([&] {
         return "GetIniFilePath()" + statusText(status) +
                (status == 0 && path ? ", " + quoted(path->c_str()) : "");
@@ -201,12 +183,10 @@ int SMWriteINIPathFileValue(const char* section, const char* key, int type, cons
                             unsigned int size, const char* path, int flag)
 {
     const char* const text = isTextArgument(value, size) ? static_cast<const char*>(value) : nullptr;
-    int status = Morlan::FAILED;
-    if (const auto fault = library().faults.enter(__func__))
-        status = *fault;
-    else if (section != nullptr && key != nullptr && text != nullptr && path != nullptr &&
-             IniFile(path).write(section, key, text))
-        status = 0;
+    const int status = library().attempt(__func__, [&] {
+        return section != nullptr && key != nullptr && text != nullptr && path != nullptr &&
+               IniFile(path).write(section, key, text);
+    });
     report([&] {
         return "SMWriteINIPathFileValue(" + quoted(section) + ", " + quoted(key) + ", " +
                std::to_string(type) + ", " + quoted(text) + ", " + std::to_string(size) + ", " +

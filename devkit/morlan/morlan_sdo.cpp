@@ -8,6 +8,7 @@
 
 #include <cstring>
 #include <new>
+#include <optional>
 
 using morlan::Morlan;
 using morlan::SdoObject;
@@ -20,17 +21,23 @@ devkit::FaultPlan& faults()
     return Morlan::instance().faults;
 }
 
-struct Bytes {
+// A property's value as callers see it: for a nested object, the handle that the property holds.
+struct Value {
+    unsigned char type;
     const void* data;
-    std::size_t size;
+    unsigned int size;
 };
 
-// A property's value as callers see it: for a nested object, the handle that the property holds.
-Bytes bytesOf(const SdoObject::Property& property)
+// Nothing for an object that is none, or lacks the id.
+std::optional<Value> valueOf(const void* object, unsigned short id)
 {
-    if (property.nested != nullptr)
-        return {&property.nested, sizeof property.nested};
-    return {property.bytes.data(), property.bytes.size()};
+    const SdoObject* const source = SdoObject::fromHandle(object);
+    const SdoObject::Property* const property = source == nullptr ? nullptr : source->find(id);
+    if (property == nullptr)
+        return std::nullopt;
+    if (property->nested != nullptr)
+        return Value{property->type, &property->nested, sizeof property->nested};
+    return Value{property->type, property->bytes.data(), static_cast<unsigned int>(property->bytes.size())};
 }
 
 } // namespace
@@ -44,9 +51,7 @@ void* SMSDOConfigAlloc()
 
 int SMSDOConfigFree(void* object)
 {
-    if (const auto fault = faults().enter(__func__))
-        return *fault;
-    return SdoObject::free(object) ? 0 : Morlan::FAILED;
+    return Morlan::instance().attempt(__func__, [&] { return SdoObject::free(object); });
 }
 
 void* SMSDOConfigClone(const void* object)
@@ -59,53 +64,47 @@ void* SMSDOConfigClone(const void* object)
 int SMSDOConfigAddData(void* object, unsigned short id, unsigned char type, const void* value,
                        unsigned int size, int)
 {
-    if (const auto fault = faults().enter(__func__))
-        return *fault;
-    SdoObject* const target = SdoObject::fromHandle(object);
-    if (target == nullptr)
-        return Morlan::FAILED;
-    try {
-        if (type == SDO_TYPE_SDOCONFIG) {
-            SdoObject* const nested = SdoObject::fromHandle(const_cast<void*>(value));
-            return nested != nullptr && target->setNested(id, type, nested) ? 0 : Morlan::FAILED;
+    return Morlan::instance().attempt(__func__, [&] {
+        SdoObject* const target = SdoObject::fromHandle(object);
+        if (target == nullptr || value == nullptr)
+            return false;
+        try {
+            if (type == SDO_TYPE_SDOCONFIG) {
+                SdoObject* const nested = SdoObject::fromHandle(const_cast<void*>(value));
+                return nested != nullptr && target->setNested(id, type, nested);
+            }
+            if (size == 0)
+                return false;
+            target->set(id, type, value, size);
+            return true;
+        } catch (const std::bad_alloc&) {
+            return false;
         }
-        if (value == nullptr || size == 0)
-            return Morlan::FAILED;
-        target->set(id, type, value, size);
-        return 0;
-    } catch (const std::bad_alloc&) {
-        return Morlan::FAILED;
-    }
+    });
 }
 
 int SMSDOConfigGetDataByID(const void* object, unsigned short id, int index, void* value, unsigned int* size)
 {
-    if (const auto fault = faults().enter(__func__))
-        return *fault;
-    const SdoObject* const source = SdoObject::fromHandle(object);
-    const SdoObject::Property* const property = source == nullptr ? nullptr : source->find(id);
-    // There is one value per id, the one at index 0.
-    if (property == nullptr || index != 0 || value == nullptr || size == nullptr)
-        return Morlan::FAILED;
-    const Bytes bytes = bytesOf(*property);
-    if (bytes.size > *size)
-        return Morlan::FAILED;
-    std::memcpy(value, bytes.data, bytes.size);
-    *size = static_cast<unsigned int>(bytes.size);
-    return 0;
+    return Morlan::instance().attempt(__func__, [&] {
+        const std::optional<Value> found = valueOf(object, id);
+        // There is one value per id, the one at index 0.
+        if (!found || index != 0 || value == nullptr || size == nullptr || found->size > *size)
+            return false;
+        std::memcpy(value, found->data, found->size);
+        *size = found->size;
+        return true;
+    });
 }
 
 int GetProperty2(const void* object, unsigned short id, void** value, unsigned char* type, unsigned int* size)
 {
-    if (const auto fault = faults().enter(__func__))
-        return *fault;
-    const SdoObject* const source = SdoObject::fromHandle(object);
-    const SdoObject::Property* const property = source == nullptr ? nullptr : source->find(id);
-    if (property == nullptr || value == nullptr || type == nullptr || size == nullptr)
-        return Morlan::FAILED;
-    const Bytes bytes = bytesOf(*property);
-    *value = const_cast<void*>(bytes.data);
-    *type = property->type;
-    *size = static_cast<unsigned int>(bytes.size);
-    return 0;
+    return Morlan::instance().attempt(__func__, [&] {
+        const std::optional<Value> found = valueOf(object, id);
+        if (!found || value == nullptr || type == nullptr || size == nullptr)
+            return false;
+        *value = const_cast<void*>(found->data);
+        *type = found->type;
+        *size = found->size;
+        return true;
+    });
 }

@@ -1,4 +1,4 @@
-// Threads: starting, holding, stopping.
+// Threads: starting and stopping.
 #include "morlan/morlan_inspect.h"
 
 #include <morlan.h>
@@ -87,24 +87,6 @@ TEST_F(Threads, AStopMayComeAtAnyMomentBeforeTheSleep)
             sleeper.waitUntilBegun();
         sleeper.stop(thread);
     }
-}
-
-TEST_F(Threads, HeldThreadsWaitUntilLetGoOrStopped)
-{
-    morlan_hold_threads(1);
-    Sleeper first;
-    Sleeper second;
-    void* const firstThread = SMThreadStart(Sleeper::run, &first);
-    void* const secondThread = SMThreadStart(Sleeper::run, &second);
-    std::this_thread::sleep_for(std::chrono::milliseconds(30));
-    EXPECT_FALSE(first.begun || second.begun);
-    EXPECT_EQ(morlan_running_threads(), 2U);
-
-    first.stop(firstThread);
-    EXPECT_FALSE(second.begun);
-    morlan_hold_threads(0);
-    second.waitUntilBegun();
-    second.stop(secondThread);
 }
 
 // A thread cannot wait for its own end.

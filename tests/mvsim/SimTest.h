@@ -99,9 +99,8 @@ class SimTest : public testing::Test
     {
         const Answer answer = list(&MV_PD_GetHDInfo_Ext, 20, adapter);
         std::vector<unsigned int> ids;
-        for (unsigned int i = 0; i < answer.returned; ++i) {
+        for (unsigned int i = 0; i < answer.returned; ++i)
             ids.push_back(answer.entry<_HD_Info>(i).HD_Id);
-        }
         return ids;
     }
     // The status flags of a disk; nothing when the call is refused.
@@ -129,9 +128,8 @@ class SimTest : public testing::Test
             const _Event& event = events[i];
             std::string name = std::to_string(event.EventClass) + "/" + std::to_string(event.EventCode);
             for (const mvsim::EventCode& row : mvsim::EVENT_CODES) {
-                if (row.eventClass == event.EventClass && row.code == event.EventCode) {
+                if (row.eventClass == event.EventClass && row.code == event.EventCode)
                     name = row.name;
-                }
             }
             texts.push_back(std::to_string(event.EventSequence) + ": " + name + " " +
                             std::to_string(event.EventDeviceId));

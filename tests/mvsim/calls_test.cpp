@@ -36,9 +36,8 @@ TEST_F(CallsTest, ListsAndSingleDevices)
         EXPECT_EQ(infos.status, row.status);
         ASSERT_EQ(infos.returned, row.status == 0 ? row.ids.size() : 0x7777U)
             << "a refused call writes nothing";
-        for (std::size_t i = 0; i < row.ids.size(); ++i) {
+        for (std::size_t i = 0; i < row.ids.size(); ++i)
             EXPECT_EQ(infos.entry<_HD_Info>(i).HD_Id, row.ids[i]);
-        }
         EXPECT_TRUE(infos.isUntouchedFrom(row.ids.size() * sizeof(_HD_Info)));
     }
     EXPECT_EQ(diskStatus(1), std::nullopt) << "a slot is no id";
@@ -65,16 +64,9 @@ TEST_F(CallsTest, AdaptersThatAreNotThere)
 
 TEST_F(CallsTest, PlannedFailures)
 {
-    const std::pair<const char*, std::vector<unsigned int>> rules[] = {
-        {R"({"status": 1, "from": 3})", {0, 0, 1, 1, 1}},
-        {R"({"status": 1, "from": 2, "calls": 2})", {0, 1, 1, 0, 0}},
-    };
-    for (const auto& [rule, statuses] : rules) {
-        loadAdapter(std::string(R"("fail": {"MV_Adapter_GetConfig": )") + rule + "}");
-        for (const unsigned int status : statuses) {
-            EXPECT_EQ(configStatus(), status) << rule;
-        }
-    }
+    loadAdapter(R"("fail": {"MV_Adapter_GetConfig": {"status": 1, "from": 2, "calls": 2}})");
+    for (const unsigned int status : {0U, 1U, 1U, 0U, 0U})
+        EXPECT_EQ(configStatus(), status);
     loadAdapter(FIVE_DISKS + R"(, "fail": {"MV_PD_GetConfig": 1, "MV_LD_GetInfo": 256})",
                 R"("fail": {"MV_API_Version": 4})");
     EXPECT_TRUE(list(&MV_PD_GetConfig).isUntouchedFrom(0));

@@ -15,13 +15,10 @@ struct Close {
 };
 using OpenLibrary = std::unique_ptr<void, Close>;
 
-// A copy of the simulator that has not been asked anything yet, from the folder where the simulator lies.
+// A copy of the simulator that has not been asked anything yet.
 OpenLibrary openCopy()
 {
-    Dl_info simulator{};
-    EXPECT_NE(dladdr(reinterpret_cast<const void*>(&mvsim_reset), &simulator), 0);
-    const auto path = std::filesystem::path(simulator.dli_fname).replace_filename("libmv_copy.so");
-    OpenLibrary library(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
+    OpenLibrary library(dlopen("libmv_copy.so", RTLD_NOW | RTLD_LOCAL));
     EXPECT_NE(library, nullptr) << dlerror();
     return library;
 }
@@ -46,9 +43,8 @@ TEST(LibraryTest, EnvironmentNamesTheSystem)
     setenv("MVSIM_LIVE", folder.path("sys").c_str(), 1);
     for (const auto& row : cases) {
         const OpenLibrary library = openCopy();
-        if (!row.scenario.empty()) {
+        if (!row.scenario.empty())
             setenv("MVSIM_SCENARIO", row.scenario.c_str(), 1); // read at the first call, not at load
-        }
         const auto count =
             reinterpret_cast<MV_Adapter_GetCount_t>(dlsym(library.get(), "MV_Adapter_GetCount"));
         testing::internal::CaptureStderr();
@@ -89,16 +85,13 @@ TEST_F(LoadTest, ThreadsMayCallAndLoadAtOnce)
                 const unsigned int disks = list(&MV_PD_GetHDInfo_Ext, 40).returned;
                 EXPECT_TRUE(disks == 29 || disks == 30) << disks;
                 poll();
-                if (t == 0 && i % 20 == 0) {
-                    EXPECT_EQ(tryLoad(m_folder.path("scenario.json")), "");
-                }
+                EXPECT_TRUE(t != 0 || i % 20 != 0 || tryLoad(m_folder.path("scenario.json")).empty());
                 mvsim_set_call_sink(i % 2 == t % 2 ? &LineLog::sink : nullptr, &log);
             }
         });
     }
-    for (std::thread& thread : threads) {
+    for (std::thread& thread : threads)
         thread.join();
-    }
     mvsim_set_call_sink(nullptr, nullptr);
     EXPECT_THAT(log.lines(), testing::Each(StartsWith("MV_")));
 }

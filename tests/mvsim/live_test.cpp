@@ -1,45 +1,49 @@
-// The live source against captured machines: sysfs trees built in a folder, and changed between polls.
+// The live source against captured machines: sysfs trees built in a folder, and changed between polls. The
+// stories in live/ are played line by line; what comes of a line follows it behind a ">".
 #include "mvsim/SimTest.h"
+#include "mvsim/scenario/RecordCodes.h"
 
 #include <sstream>
 
 namespace
 {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 namespace fs = std::filesystem;
+
+std::string wordOf(mvsim::Words words, unsigned int value)
+{
+    for (const mvsim::Word& word : words)
+        if (word.value == value)
+            return word.text;
+    return std::to_string(value);
+}
+
+template <std::size_t N>
+std::string text(const char (&field)[N])
+{
+    return {field, strnlen(field, N)};
+}
 
 class LiveTest : public SimTest
 {
   protected:
     LiveTest() { fs::create_directories(m_folder.path("sys/block")); }
 
-    // Files below a folder of sysfs, each on a line or ahead of a semicolon: `name=content`, or `name ->
-    // target` for a link.
-    void put(const std::string& folder, std::string files) const
+    // Files below a folder of sysfs, with semicolons between: `name=content`, or `name -> target` for a link.
+    void put(const std::string& folder, const std::string& files) const
     {
-        std::replace(files.begin(), files.end(), ';', '\n');
-        std::istringstream lines(files);
-        for (std::string line; std::getline(lines, line);) {
-            const std::size_t equals = line.find('=');
-            const std::size_t arrow = line.find(" -> ");
+        std::istringstream stream(files);
+        for (std::string file; std::getline(stream, file, ';');) {
+            const std::size_t equals = file.find('=');
+            const std::size_t arrow = file.find(" -> ");
             const fs::path path =
-                m_folder.path("sys/" + folder + "/" + line.substr(0, std::min(equals, arrow)));
-            if (line.empty() || line.front() == '#') {
-                continue;
-            }
+                m_folder.path("sys/" + folder + "/" + file.substr(0, std::min(equals, arrow)));
             fs::create_directories(path.parent_path());
-            if (arrow != std::string::npos) {
-                fs::create_directory_symlink(line.substr(arrow + 4), path);
-            } else {
-                std::ofstream(path) << line.substr(equals + 1) << '\n';
-            }
+            if (arrow != std::string::npos)
+                fs::create_directory_symlink(file.substr(arrow + 4), path);
+            else
+                std::ofstream(path) << file.substr(equals + 1) << '\n';
         }
-    }
-    void putMachine(const std::string& name) const
-    {
-        put("", TempFolder::readFile(std::string(MVSIM_TESTS_FOLDER "/machines/") + name));
     }
     void putDisk(const std::string& name, const std::string& serial) const
     {
@@ -52,178 +56,104 @@ class LiveTest : public SimTest
         ASSERT_EQ(mvsim_load_live(m_folder.path("sys").c_str(), stateFile, message.data(), message.size()), 0)
             << message.data();
     }
-    static std::uint64_t freeKB(std::uint16_t id)
+
+    static std::vector<std::string> disks()
     {
-        _HD_FreeSpaceInfo_Request request{};
-        request.Header = {0, MV_REQUEST_ONE_DEVICE, id, 1, 0, {}};
-        EXPECT_EQ(MV_PD_GetFreeSpaceInfo(0, &request), 0U);
-        return request.Answer.FreeSizeKB;
+        const Answer infos = list(&MV_PD_GetHDInfo_Ext);
+        const Answer configs = list(&MV_PD_GetConfig);
+        std::vector<std::string> lines;
+        for (std::size_t i = 0; i < infos.returned; ++i) {
+            const auto info = infos.entry<_HD_Info>(i);
+            const auto config = configs.entry<_HD_CONFIG>(i);
+            _HD_FreeSpaceInfo_Request space{};
+            space.Header = {0, MV_REQUEST_ONE_DEVICE, info.HD_Id, 1, 0, {}};
+            EXPECT_EQ(MV_PD_GetFreeSpaceInfo(0, &space), 0U);
+            std::ostringstream line;
+            line << config.SlotNumber << ": "
+                 << wordOf(mvsim::DISK_STATE_WORDS, diskStatus(info.HD_Id).value_or(0)) << ", "
+                 << text(info.ModelText) << ", " << text(info.SerialText) << ", " << text(info.RevisionText)
+                 << ", " << info.SizeKB << " KB, " << space.Answer.FreeSizeKB << " free, blocks of "
+                 << info.BlockSize << ", " << wordOf(mvsim::LINK_WORDS, info.LinkFlags) << " at "
+                 << wordOf(mvsim::SPEED_WORDS, config.LinkSpeed) << ", features " << info.FeatureFlags << ", "
+                 << wordOf(mvsim::MEDIA_WORDS, info.MediaFlags);
+            lines.push_back(line.str());
+        }
+        return lines;
     }
-    static _LD_Info firstDrive() { return list(&MV_LD_GetInfo).entry<_LD_Info>(0); }
+    static std::vector<std::string> drives()
+    {
+        const Answer infos = list(&MV_LD_GetInfo);
+        const Answer configs = list(&MV_LD_GetConfig);
+        std::vector<std::string> lines;
+        for (std::size_t i = 0; i < infos.returned; ++i) {
+            const auto info = infos.entry<_LD_Info>(i);
+            EXPECT_EQ(info.LD_Id, configs.entry<_LD_Config>(i).LogicalDriveNumber);
+            lines.push_back(std::to_string(info.LD_Id) + ": " + info.LDName + ", RAID " +
+                            wordOf(mvsim::RAID_WORDS, info.RaidMode) + ", " +
+                            wordOf(mvsim::DRIVE_STATUS_WORDS, info.LDStatus) + ", " +
+                            std::to_string(info.SizeKB) + " KB in stripes of " +
+                            std::to_string(info.StripeSize));
+        }
+        return lines;
+    }
+
+    // Demands that a story comes out as it is written: `in` names the folder of the files behind it, `drop`
+    // takes something away, `load` shows the virtual disks and `poll` the events, and all else is put.
+    void expectStory(const std::string& name) const
+    {
+        const std::string story = TempFolder::readFile(std::string(MVSIM_TESTS_FOLDER "/live/") + name);
+        std::istringstream lines(story);
+        std::string told;
+        std::string folder;
+        for (std::string line; std::getline(lines, line);) {
+            if (line.rfind("> ", 0) == 0)
+                continue;
+            told += line + "\n";
+            std::vector<std::string> shown;
+            if (line == "load") {
+                loadLive();
+                shown = drives();
+            } else if (line == "disks" || line == "drives" || line == "poll") {
+                shown = line == "disks" ? disks() : line == "drives" ? drives() : poll();
+            } else if (line.rfind("in ", 0) == 0) {
+                folder = line.substr(3);
+            } else if (line.rfind("drop ", 0) == 0) {
+                remove(line.substr(5));
+            } else if (!line.empty() && line.front() != '#') {
+                put(folder, line);
+            }
+            for (const std::string& result : shown)
+                told += "> " + result + "\n";
+        }
+        EXPECT_EQ(told, story);
+    }
 };
 
-template <std::size_t N>
-std::string text(const char (&field)[N])
+TEST_F(LiveTest, DisksFromEveryPlace)
 {
-    return {field, strnlen(field, N)};
-}
-
-TEST_F(LiveTest, DiskFromEveryPlace)
-{
-    putMachine("disks.txt");
     // Texts are filled up with blanks, and page 0x80 tells its length ahead of the serial number.
-    put("block/sda/device", "vendor=ATA     ;model=KORVAL H4T72    ");
-    m_folder.write("sys/block/sda/device/vpd_pg80", std::string("\0\x80\0\x10", 4) + "        5A01");
-    loadLive();
-
-    const Answer infos = list(&MV_PD_GetHDInfo_Ext);
-    const Answer configs = list(&MV_PD_GetConfig);
-    std::vector<std::string> disks;
-    for (std::size_t i = 0; i < infos.returned; ++i) {
-        const auto info = infos.entry<_HD_Info>(i);
-        const auto config = configs.entry<_HD_CONFIG>(i);
-        std::ostringstream line;
-        line << config.SlotNumber << ": " << text(info.ModelText) << ", " << text(info.SerialText) << ", "
-             << text(info.RevisionText) << ", " << info.SizeKB << " KB in " << info.BlockSize << ", link "
-             << +info.LinkFlags << " speed " << +config.LinkSpeed << " features " << info.FeatureFlags
-             << " media " << +info.MediaFlags;
-        disks.push_back(line.str());
-    }
-    EXPECT_THAT(
-        disks,
-        ElementsAre(
-            "0: KORVAL H4T72, 5A01, KC43, 3907018584 KB in 512, link 1 speed 2 features 156 media 0",
-            "1: ORBEN TK1200R10, , , 0 KB in 512, link 4 speed 0 features 0 media 0",
-            "2: vda, disk-of-a-guest, , 0 KB in 512, link 0 speed 0 features 0 media 0",
-            "3: vdb, disk-of-a-guest, , 0 KB in 512, link 0 speed 0 features 0 media 0",
-            "4: TESSEN NVX, NVX-0001, 2.0.1, 937692504 KB in 4096, link 0 speed 0 features 0 media 1"));
-    const auto sas = infos.entry<_HD_Info>(1);
+    put("devices/pci0000:00/0000:00:1f.2/ata3/host0/target0:0:0/0:0:0:0",
+        "vendor=ATA     ;model=KORVAL H4T72    ;vpd_pg80=" + std::string("\0\x80\0\x10", 4) +
+            "        5A01  ");
+    expectStory("disks.txt");
+    const auto sas = list(&MV_PD_GetHDInfo_Ext).entry<_HD_Info>(1);
     EXPECT_EQ(std::string(sas.SASAddress, sizeof sas.SASAddress),
               std::string("\x50\1\xff\0\xa1\xb2\xc3\xd4", 8));
-    EXPECT_EQ(diskStatus(0), MV_DISK_READY);
-    EXPECT_EQ(freeKB(0), 3907018584U - 1048576) << "all but the partition";
 }
 
 TEST_F(LiveTest, ArrayStates)
 {
-    const struct {
-        const char* files;
-        unsigned int raidMode;
-        unsigned int status;
-        std::uint64_t sizeKB; // from components of 512 KB
-    } cases[] = {
-        {"level=raid1;raid_disks=2;array_state=clean;degraded=0", MV_RAID_1, MV_DRIVE_OPTIMAL, 512},
-        {"level=raid1;raid_disks=2;array_state=active;degraded=1", MV_RAID_1, MV_DRIVE_DEGRADED, 512},
-        {"level=raid1;raid_disks=2;array_state=active;degraded=1;sync_action=recover", MV_RAID_1,
-         MV_DRIVE_REBUILDING, 512},
-        {"level=raid1;raid_disks=2;array_state=active;degraded=2", MV_RAID_1, MV_DRIVE_FAILED, 512},
-        {"level=raid5;raid_disks=4;array_state=active;degraded=1", MV_RAID_5, MV_DRIVE_DEGRADED, 1536},
-        {"level=raid6;raid_disks=6;array_state=active;degraded=2;sync_action=recover", MV_RAID_6,
-         MV_DRIVE_REBUILDING, 2048},
-        {"level=raid10;raid_disks=4;array_state=clean;degraded=2", MV_RAID_10, MV_DRIVE_DEGRADED, 1024},
-        {"level=raid0;raid_disks=3;array_state=clean", MV_RAID_0, MV_DRIVE_OPTIMAL, 1536},
-        {"level=raid0;raid_disks=3;array_state=broken", MV_RAID_0, MV_DRIVE_FAILED, 1536},
-        {"level=linear;raid_disks=2;array_state=clean", MV_RAID_NONE, MV_DRIVE_OPTIMAL, 1024},
-        {"level=raid4;raid_disks=3;array_state=clean;sync_action=check", MV_RAID_5, MV_DRIVE_CHECKING, 1024},
-        {"level=raid5;raid_disks=3;array_state=active;sync_action=resync", MV_RAID_5, MV_DRIVE_INITIALISING,
-         1024},
-        {"level=raid5;raid_disks=3;array_state=inactive;degraded=0", MV_RAID_5, MV_DRIVE_OFFLINE, 1024},
-    };
-    put("block", "md0/md/level=raid1;md0/md/array_state=clear;md1/md/array_state=inactive"); // no arrays
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.files);
-        remove("block/md127");
-        put("block/md127/md", std::string("chunk_size=65536;component_size=512;") + row.files);
-        loadLive();
-        ASSERT_EQ(list(&MV_LD_GetInfo).returned, 1U);
-        const _LD_Info drive = firstDrive();
-        EXPECT_EQ(drive.LD_Id, 127);
-        EXPECT_EQ(drive.RaidMode, row.raidMode);
-        EXPECT_EQ(drive.LDStatus, row.status);
-        EXPECT_EQ(drive.SizeKB, row.sizeKB);
-        EXPECT_EQ(drive.StripeSize, 64);
-        EXPECT_EQ(list(&MV_LD_GetConfig).entry<_LD_Config>(0).LogicalDriveNumber, 127);
-    }
-    remove("block/md127");
-    put("block/md_home", "dev=9:300;size=123456;md/level=raid0;md/raid_disks=2;md/array_state=clean");
-    loadLive();
-    EXPECT_EQ(firstDrive().LD_Id, 300);
-    EXPECT_EQ(firstDrive().SizeKB, 61728U);
+    expectStory("array-states.txt");
 }
 
 TEST_F(LiveTest, MembersMakeDiskStates)
 {
-    putMachine("members.txt");
-    loadLive();
-    const unsigned int expected[] = {MV_DISK_IN_ARRAY, MV_DISK_BAD,   MV_DISK_BAD,
-                                     MV_DISK_IN_ARRAY, MV_DISK_READY, MV_DISK_IN_ARRAY};
-    for (std::uint16_t id = 0; id < std::size(expected); ++id) {
-        EXPECT_EQ(diskStatus(id), expected[id]) << id;
-    }
-    EXPECT_EQ(freeKB(0), 1024U) << "a member on a partition takes no more than the partition";
-    EXPECT_EQ(freeKB(1), 512U) << "a whole disk gives what the array takes of it";
-
-    EXPECT_EQ(firstDrive().LDStatus, MV_DRIVE_OPTIMAL) << "none is missing";
-    put("block/md0/md", "level=raid0");
-    remove("block/md0/md/degraded");
-    poll();
-    EXPECT_EQ(firstDrive().LDStatus, MV_DRIVE_FAILED) << "without redundancy a faulty one is enough";
+    expectStory("members.txt");
 }
 
 TEST_F(LiveTest, ChangesBecomeEvents)
 {
-    for (const char* name : {"sda", "sdb", "sdc", "sdd"}) {
-        putDisk(name, std::string("serial of ") + name);
-    }
-    put("block/md5/md", "level=raid1;raid_disks=2;array_state=active;degraded=0;"
-                        "dev-sda/state=in_sync;dev-sda/slot=0;dev-sdb/state=in_sync;dev-sdb/slot=1");
-    loadLive();
-    EXPECT_THAT(poll(), IsEmpty()) << "what was there from the start is no news";
-
-    const struct {
-        const char* gone;  // below block/
-        const char* files; // below block/, too
-        std::vector<std::string> events;
-    } story[] = {
-        {"",
-         "md5/md/dev-sdb/state=faulty;md5/md/degraded=1",
-         {"1: diskFailed 1", "2: virtualDiskDegraded 5"}},
-        {"", "", {}},
-        {"", "md5/md/dev-sdc/state=spare;md5/md/dev-sdc/slot=none", {"3: spareAssigned 2"}},
-        {"",
-         "md5/md/dev-sdc/slot=1;md5/md/sync_action=recover;md5/md/sync_completed=100 / 1000",
-         {"4: spareActivated 2", "5: rebuildStarted 5"}},
-        {"", "md5/md/sync_completed=199 / 1000", {}},
-        {"", "md5/md/sync_completed=600 / 1000", {"6: rebuildProgress 5"}},
-        {"",
-         "md5/md/sync_action=idle;md5/md/sync_completed=none;md5/md/degraded=0;md5/md/dev-sdc/state=in_sync",
-         {"7: rebuildCompleted 5", "8: virtualDiskRecovered 5"}},
-        {"", "md5/md/dev-sdd/state=in_sync;md5/md/dev-sdd/slot=2", {"9: diskOnline 3"}},
-        {"", "md5/md/sync_action=check", {"10: checkStarted 5"}},
-        {"", "md5/md/sync_action=idle", {"11: checkCompleted 5"}},
-        {"", "md5/md/degraded=2", {"12: virtualDiskFailed 5"}},
-        {"", "md5/md/array_state=inactive", {}},
-        {"md5/md/dev-sdb", "", {"13: controllerConfigChanged 0"}},
-        {"sdb", "", {"14: diskRemoved 1"}},
-        // It keeps its number under another name.
-        {"",
-         "sde/device/model=PLAIN;sde/device/serial=serial of sdb;sda9/device/serial=another",
-         {"15: diskInserted 1", "16: diskInserted 4"}},
-        {"md5",
-         "md6/md/level=raid1;md6/md/raid_disks=2;md6/md/array_state=active;md6/md/degraded=1;"
-         "md6/md/sync_action=recover",
-         {"17: virtualDiskDeleted 5", "18: virtualDiskCreated 6", "19: virtualDiskDegraded 6",
-          "20: rebuildStarted 6", "21: controllerConfigChanged 0"}},
-    };
-    for (const auto& step : story) {
-        if (step.gone[0] != '\0') {
-            remove(std::string("block/") + step.gone);
-        }
-        put("block", step.files);
-        EXPECT_EQ(poll(), step.events) << step.gone << " " << step.files;
-    }
-    remove("block");
-    EXPECT_EQ(poll().size(), 6U) << "all that there was";
+    expectStory("changes.txt");
 }
 
 TEST_F(LiveTest, SequenceOutlivesTheProcess)
