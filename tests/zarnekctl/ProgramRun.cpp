@@ -78,8 +78,8 @@ RunningProgram ProgramState::start(const Words& arguments, const Words& environm
     return {arguments, joined(own, environment)};
 }
 
-void ProgramState::setMapping(const std::string& content) const
+void ProgramState::setConfig(const std::string& file, const std::string& content) const
 {
     std::filesystem::create_directories(folder.path("state/zarnek"));
-    folder.write("state/zarnek/MarvelAlertMapping.ini", content);
+    folder.write("state/zarnek/" + file, content);
 }

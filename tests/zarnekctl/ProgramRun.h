@@ -52,7 +52,8 @@ struct ProgramState {
     }
     // The alert mapping file of the user's configuration, there from the first run on.
     std::string mapping() const { return folder.read("state/zarnek/MarvelAlertMapping.ini"); }
-    void setMapping(const std::string& content) const;
+    void setMapping(const std::string& content) const { setConfig("MarvelAlertMapping.ini", content); }
+    void setConfig(const std::string& file, const std::string& content) const;
 };
 
 #endif
