@@ -1,7 +1,6 @@
 #include "zarnekctl/ProgramRun.h"
 
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -55,11 +54,6 @@ bool RunningProgram::waitForOutput(const std::string& text) const
         std::this_thread::sleep_for(5ms);
     }
     return true;
-}
-
-void RunningProgram::signal(int number) const
-{
-    kill(m_process, number);
 }
 
 ProgramResult RunningProgram::finish()

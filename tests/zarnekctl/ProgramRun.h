@@ -5,6 +5,7 @@
 #include "common/TempFolder.h"
 #include "zarnekctl/Golden.h"
 
+#include <csignal>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -32,7 +33,7 @@ class RunningProgram
 
     // Waits until its standard output holds the text; false when it does not come in time.
     bool waitForOutput(const std::string& text) const;
-    void signal(int number) const;
+    void signal(int number) const { kill(m_process, number); }
     // Waits for its end.
     ProgramResult finish();
 

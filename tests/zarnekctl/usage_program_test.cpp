@@ -74,13 +74,11 @@ TEST(Usage, outputThatIsLostIsNoSuccess)
 TEST(Check, tellsEachSurpriseWithItsRemedy)
 {
     const ProgramState state;
-    std::filesystem::create_directories(state.folder.path("config"));
-    state.folder.write("config/private.ini", goldenText("surprises-private.ini"));
-    state.folder.write("config/MarvelAlertMapping.ini",
-                       goldenText("surprises-mapping.ini") + "\xef\xbb\xbf[A\x1b]\n9=2048\r\n\r\n \t\n");
-    const ProgramResult result = state.run({"check", "--config", state.folder.path("config")});
+    state.setConfig("private.ini", goldenText("surprises-private.ini"));
+    state.setMapping(goldenText("surprises-mapping.ini") + "\xef\xbb\xbf[A\x1b]\n9=2048\r\n\r\n \t\n");
+    const ProgramResult result = state.run({"check"});
     EXPECT_EQ(result.status, 3);
-    EXPECT_EQ(std::regex_replace(result.out, std::regex(state.folder.path("config/")), ""),
+    EXPECT_EQ(std::regex_replace(result.out, std::regex(state.folder.path("state/zarnek/")), ""),
               goldenText("surprises.check"));
 }
 
