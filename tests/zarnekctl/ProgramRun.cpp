@@ -1,7 +1,6 @@
 #include "zarnekctl/ProgramRun.h"
 
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -57,11 +56,6 @@ bool RunningProgram::waitForOutput(const std::string& text) const
     return true;
 }
 
-void RunningProgram::signal(int number) const
-{
-    kill(m_process, number);
-}
-
 ProgramResult RunningProgram::finish()
 {
     int status = 0;
@@ -78,8 +72,8 @@ RunningProgram ProgramState::start(const Words& arguments, const Words& environm
     return {arguments, joined(own, environment)};
 }
 
-void ProgramState::setMapping(const std::string& content) const
+void ProgramState::setConfig(const std::string& file, const std::string& content) const
 {
     std::filesystem::create_directories(folder.path("state/zarnek"));
-    folder.write("state/zarnek/MarvelAlertMapping.ini", content);
+    folder.write("state/zarnek/" + file, content);
 }

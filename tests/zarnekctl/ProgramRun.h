@@ -5,6 +5,7 @@
 #include "common/TempFolder.h"
 #include "zarnekctl/Golden.h"
 
+#include <csignal>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -32,7 +33,7 @@ class RunningProgram
 
     // Waits until its standard output holds the text; false when it does not come in time.
     bool waitForOutput(const std::string& text) const;
-    void signal(int number) const;
+    void signal(int number) const { kill(m_process, number); }
     // Waits for its end.
     ProgramResult finish();
 
@@ -52,7 +53,8 @@ struct ProgramState {
     }
     // The alert mapping file of the user's configuration, there from the first run on.
     std::string mapping() const { return folder.read("state/zarnek/MarvelAlertMapping.ini"); }
-    void setMapping(const std::string& content) const;
+    void setMapping(const std::string& content) const { setConfig("MarvelAlertMapping.ini", content); }
+    void setConfig(const std::string& file, const std::string& content) const;
 };
 
 #endif

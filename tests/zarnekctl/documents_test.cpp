@@ -26,10 +26,7 @@ std::string fileText(const std::string& name)
 TEST(Documents, manualPageHasEveryOption)
 {
     const std::string page = fileText("docs/zarnekctl.1");
-    std::size_t count = 0;
-    const OptionRow* options = optionRows(count);
-    for (std::size_t index = 0; index < count; ++index) {
-        const OptionRow& row = options[index];
+    for (const OptionRow& row : optionRows()) {
         const std::string name = std::regex_replace(row.name, std::regex("-"), "\\-");
         EXPECT_THAT(page,
                     HasSubstr(row.argument == nullptr ? ".TP\n.B " + name + "\n"
@@ -47,11 +44,9 @@ TEST(Documents, everyPropertyIdHasARowAndIsDocumented)
     EXPECT_GT(found, 50U);
 
     const std::string document = fileText("docs/json-output.md");
-    std::size_t count = 0;
-    const PropertyRow* rows = propertyRows(count);
-    for (std::size_t index = 0; index < count; ++index)
-        EXPECT_THAT(document, HasSubstr("\n| `" + std::string(rows[index].name) + "` | " +
-                                        std::to_string(rows[index].id) + " |"));
+    for (const PropertyRow& row : propertyRows())
+        EXPECT_THAT(document,
+                    HasSubstr("\n| `" + std::string(row.name) + "` | " + std::to_string(row.id) + " |"));
 }
 
 TEST(Documents, eachShippedAlertHasAMeaning)

@@ -53,11 +53,7 @@ TEST(Journal, anAlertIsJoinedWithAnEventOfItsOwnPoll)
         diskWith({SSPROP_CONTROLLERID_U32, 0}, {SSPROP_STATUS_U32, SDO_STATUS_CRITICAL}));
     Object alert = objectWith({{SSPROP_ALERTNUMBER_U32, 2050}});
     addProperty(alert, SSPROP_CONTROLNOTIFY_SDO, SDO_TYPE_SDOCONFIG, Nested{disk});
-    mvsim_event event{};
-    event.event_class = MV_EVENT_PHYSICAL_DISK;
-    event.device = 1;
-    event.sequence = 5;
-    event.code = 201;
+    const mvsim_event event{0, MV_EVENT_PHYSICAL_DISK, 201, 1, 5}; // adapter, class, code, device, sequence
     journal.event(event);
     journal.pollEnd();
     journal.notification(alert);

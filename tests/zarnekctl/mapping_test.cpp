@@ -89,39 +89,27 @@ TEST(Mapping, allReadTheSameAndTheCheckTellsWhatIsNotKept)
                                    "x[Adapter]\n7=2048\n[[7]\n7=1\n7]\n[]\n[]]\n7=3"};
     for (const auto& row : jsonLines(goldenText("config-checks")))
         texts.push_back(row.value("mapping", ""));
-    const std::vector<std::string> pieces{"\n",
-                                          "\n",
-                                          "\n",
-                                          "[",
-                                          "]",
-                                          "=",
-                                          ";",
-                                          "#",
-                                          " ",
-                                          "\t",
-                                          "\r",
-                                          "\v",
-                                          "\f",
-                                          "7",
-                                          "12",
-                                          "-",
-                                          "\xef\xbb\xbf",
-                                          std::string(1, '\0'),
-                                          "\n7=2048",
-                                          "[Adapter]",
-                                          "\n[7]\n",
-                                          "[EventSequenceNumber]",
-                                          "\n[EventSequenceNumber]\n",
-                                          "\n[Event SequenceNumber]\n",
-                                          "SequenceNumber",
-                                          "SequenceNumber=",
-                                          "\nSequenceNumber=7\n",
-                                          "Sequence Number = 7"};
+    const std::string characters("\n\n\n[]=;# \t\r\v\f7-\0", 17);
+    const std::vector<const char*> words{"12",
+                                         "\xef\xbb\xbf",
+                                         "\n7=2048",
+                                         "[Adapter]",
+                                         "\n[7]\n",
+                                         "[EventSequenceNumber]",
+                                         "\n[EventSequenceNumber]\n",
+                                         "\n[Event SequenceNumber]\n",
+                                         "SequenceNumber",
+                                         "SequenceNumber=",
+                                         "\nSequenceNumber=7\n",
+                                         "Sequence Number = 7"};
     std::mt19937 random(1); // the same texts in each run
     while (texts.size() < 4000) {
         texts.emplace_back();
-        for (std::size_t count = 1 + random() % 14; count > 0; --count)
-            texts.back() += pieces[random() % pieces.size()];
+        for (std::size_t count = 1 + random() % 14; count > 0; --count) {
+            const std::size_t choice = random() % (characters.size() + words.size());
+            texts.back() +=
+                choice < words.size() ? words[choice] : characters.substr(choice - words.size(), 1);
+        }
     }
 
     constexpr unsigned int MOST_WRITES = 100; // each way; they wait for the disk

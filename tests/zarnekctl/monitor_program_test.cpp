@@ -135,29 +135,3 @@ TEST(Monitor, tellsOfANumberThatCouldNotBeWritten)
     EXPECT_THAT(program.finish().err,
                 HasSubstr("AlertMapping.ini: the sequence number 1 could not be written"));
 }
-
-TEST(Monitor, warnsOfANumberThatIsReadWhereItIsNotWritten)
-{
-    const ProgramState state;
-    state.setMapping("[PhysicalDevice]\n201=2050\n[EventSequenceNumber]\nSequence Number=0\n");
-    const ProgramResult result = state.run(story("0"));
-    EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.err, HasSubstr("AlertMapping.ini:4: warning: the sequence number is read here"));
-}
-
-TEST(Monitor, tellsWhatTheVendorLibraryRefuses)
-{
-    const ProgramState state;
-    const ProgramResult result =
-        state.run({"monitor", "--scenario", goldenFile("blind.json"), "--polls", "2", "--interval", "0"});
-    EXPECT_EQ(result.err, "zarnekctl: in poll 2 the vendor library refused 1 call: ERR_FAIL\n");
-}
-
-TEST(Monitor, withoutAControllerThereIsNothingToMonitor)
-{
-    const ProgramState state;
-    const ProgramResult result = state.run({"monitor", "--scenario", goldenFile("empty.json")});
-    EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.err, HasSubstr("no controller to monitor"));
-    EXPECT_THAT(result.out, HasSubstr("; the scenario has no timeline, so nothing will happen\n0 polls, "));
-}

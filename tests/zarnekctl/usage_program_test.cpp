@@ -22,6 +22,35 @@ TEST(Usage, exitStatusTwoAndOneLineForWhatIsNoCommandLine)
     }
 }
 
+TEST(Usage, eachRunEndsAsItsRowSays)
+{
+    for (const auto& row : jsonLines(goldenText("runs"))) {
+        SCOPED_TRACE(row.dump());
+        const ProgramState state;
+        std::filesystem::create_directories(state.folder.path("sys/block"));
+        const auto filledIn = [&state](std::string text) {
+            text = std::regex_replace(text, std::regex("GOLDEN/"), goldenFile(""));
+            text = std::regex_replace(text, std::regex("QUEUE"), ZARNEK_QUEUE_LIBRARY);
+            return std::regex_replace(text, std::regex("STATE"), state.folder.path());
+        };
+        if (row.contains("library"))
+            state.setConfig("private.ini", "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=" +
+                                               row.at("library").get<std::string>() + "\n");
+        if (row.contains("mapping"))
+            state.setMapping(row.at("mapping"));
+        Words arguments;
+        for (const std::string word : row.at("arguments"))
+            arguments.push_back(filledIn(word));
+        const ProgramResult result = state.run(arguments);
+        EXPECT_EQ(result.status, row.value("status", 0));
+        // What a row does not name says nothing.
+        for (const auto& [stream, text] : {std::pair("out", result.out), std::pair("err", result.err)}) {
+            EXPECT_EQ(text.empty(), !row.contains(stream)) << text;
+            EXPECT_THAT(text, HasSubstr(filledIn(row.value(stream, ""))));
+        }
+    }
+}
+
 TEST(Usage, helpAndVersionGoToStandardOutput)
 {
     const ProgramState state;
@@ -42,50 +71,14 @@ TEST(Usage, outputThatIsLostIsNoSuccess)
     }
 }
 
-TEST(Check, tellsFindingsAndWhetherMonitoringCouldWork)
-{
-    const ProgramState state;
-    EXPECT_EQ(state.run({"check"}).status, 0);
-
-    const std::string mapping = state.mapping();
-    state.setMapping("[Other]\n" + mapping);
-    EXPECT_EQ(state.run({"check"}).status, 0);
-
-    // The line stands behind all that discovery reads; warnings are no reason to refuse.
-    state.setMapping("[Other]\n" + mapping + "\n\t\n");
-    EXPECT_EQ(state.run({"check"}).status, 3);
-    const ProgramResult refused = state.run({"monitor"});
-    EXPECT_EQ(refused.status, 3);
-    EXPECT_THAT(refused.err,
-                testing::ContainsRegex("^zarnekctl: the configuration has 1 error .*\n"
-                                       "  .*MarvelAlertMapping.ini:[0-9]+: error: a line of .*\n$"));
-    EXPECT_EQ(state.run({"discover", "--scenario", "small-server"}).status, 0);
-    state.setMapping("\n \n" + mapping);
-    EXPECT_EQ(state.run({"discover", "--scenario", "small-server"}).status, 3);
-
-    state.setMapping(mapping);
-    state.folder.write("state/zarnek/private.ini",
-                       "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=libnowhere\n");
-    const ProgramResult noLibrary = state.run({"check"});
-    EXPECT_EQ(noLibrary.status, 3);
-    EXPECT_THAT(noLibrary.out, HasSubstr("private.ini:4: error: cannot open the vendor library: libnowhere"));
-
-    // A folder that is named is looked at as it is.
-    const ProgramResult empty = state.run({"check", "--config", state.folder.path("nowhere")});
-    EXPECT_EQ(empty.status, 3);
-    EXPECT_THAT(empty.out, HasSubstr("nowhere/private.ini:1: error: the file cannot be read"));
-}
-
 TEST(Check, tellsEachSurpriseWithItsRemedy)
 {
     const ProgramState state;
-    std::filesystem::create_directories(state.folder.path("config"));
-    state.folder.write("config/private.ini", goldenText("surprises-private.ini"));
-    state.folder.write("config/MarvelAlertMapping.ini",
-                       goldenText("surprises-mapping.ini") + "\xef\xbb\xbf[A\x1b]\n9=2048\r\n\r\n \t\n");
-    const ProgramResult result = state.run({"check", "--config", state.folder.path("config")});
+    state.setConfig("private.ini", goldenText("surprises-private.ini"));
+    state.setMapping(goldenText("surprises-mapping.ini") + "\xef\xbb\xbf[A\x1b]\n9=2048\r\n\r\n \t\n");
+    const ProgramResult result = state.run({"check"});
     EXPECT_EQ(result.status, 3);
-    EXPECT_EQ(std::regex_replace(result.out, std::regex(state.folder.path("config/")), ""),
+    EXPECT_EQ(std::regex_replace(result.out, std::regex(state.folder.path("state/zarnek/")), ""),
               goldenText("surprises.check"));
 }
 

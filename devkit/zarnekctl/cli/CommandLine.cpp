@@ -122,16 +122,14 @@ struct OptionAdder {
 
     CLI::Option* operator()(OutputFormat Options::*field) const
     {
-        std::size_t count = 0;
-        const FormatRow* formats = formatRows(count);
         std::vector<std::string> names;
-        for (std::size_t index = 0; index < count; ++index)
-            if (command == Command::Discover ? formats[index].discover : formats[index].monitor)
-                names.emplace_back(formats[index].name);
-        const auto set = [&target = options, field, formats, count](const std::string& name) {
-            for (std::size_t index = 0; index < count; ++index)
-                if (name == formats[index].name)
-                    target.*field = formats[index].format;
+        for (const FormatRow& format : formatRows())
+            if (command == Command::Discover ? format.discover : format.monitor)
+                names.emplace_back(format.name);
+        const auto set = [&target = options, field](const std::string& name) {
+            for (const FormatRow& format : formatRows())
+                if (name == format.name)
+                    target.*field = format.format;
         };
         const auto isKnown = [names](const std::string& name) {
             return std::find(names.begin(), names.end(), name) != names.end();
@@ -171,10 +169,9 @@ struct OptionAdder {
 
 std::vector<OptionRow> optionsOf(Command command)
 {
-    std::size_t count = 0;
-    const OptionRow* rows = optionRows(count);
+    const auto rows = optionRows();
     std::vector<OptionRow> own;
-    std::copy_if(rows, rows + count, std::back_inserter(own),
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(own),
                  [command](const OptionRow& row) { return belongsTo(row, command); });
     return own;
 }
@@ -260,11 +257,9 @@ std::optional<ExitStatus> parseCommandLine(int argc, const char* const* argv, Op
     app.set_version_flag("--version", std::string("zarnekctl ") + ZARNEKCTL_VERSION, "show the version");
     app.require_subcommand(1);
     app.footer(EPILOGUE);
-    std::size_t count = 0;
-    const CommandRow* commands = commandRows(count);
-    for (std::size_t index = 0; index < count; ++index) {
-        CLI::App* sub = app.add_subcommand(commands[index].name, commands[index].help);
-        const Command command = commands[index].command;
+    for (const CommandRow& row : commandRows()) {
+        CLI::App* sub = app.add_subcommand(row.name, row.help);
+        const Command command = row.command;
         addOptions(*sub, command, options);
         sub->callback([&options, command] { options.command = command; });
     }

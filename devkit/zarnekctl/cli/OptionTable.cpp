@@ -1,7 +1,5 @@
 #include "zarnekctl/cli/OptionTable.h"
 
-#include <iterator>
-
 namespace zarnekctl
 {
 
@@ -48,21 +46,18 @@ constexpr FormatRow FORMATS[] = {
 
 } // namespace
 
-const CommandRow* commandRows(std::size_t& count)
+devkit::Rows<CommandRow> commandRows()
 {
-    count = std::size(COMMANDS);
     return COMMANDS;
 }
 
-const OptionRow* optionRows(std::size_t& count)
+devkit::Rows<OptionRow> optionRows()
 {
-    count = std::size(OPTIONS);
     return OPTIONS;
 }
 
-const FormatRow* formatRows(std::size_t& count)
+devkit::Rows<FormatRow> formatRows()
 {
-    count = std::size(FORMATS);
     return FORMATS;
 }
 

@@ -2,9 +2,9 @@
 #ifndef ZARNEK_DEVKIT_ZARNEKCTL_OPTIONTABLE_H
 #define ZARNEK_DEVKIT_ZARNEKCTL_OPTIONTABLE_H
 
+#include "common/Rows.h"
 #include "zarnekctl/config/Options.h"
 
-#include <cstddef>
 #include <string>
 #include <variant>
 
@@ -37,8 +37,8 @@ struct OptionRow {
 // Numbers of controllers end at 4294967294, and an adapter's index has a byte.
 constexpr unsigned int HIGHEST_FIRST_CONTROLLER = 4294967294U - 255;
 
-const CommandRow* commandRows(std::size_t& count);
-const OptionRow* optionRows(std::size_t& count);
+devkit::Rows<CommandRow> commandRows();
+devkit::Rows<OptionRow> optionRows();
 bool belongsTo(const OptionRow& row, Command command);
 
 struct FormatRow {
@@ -49,7 +49,7 @@ struct FormatRow {
 };
 
 // A command's first one is its default.
-const FormatRow* formatRows(std::size_t& count);
+devkit::Rows<FormatRow> formatRows();
 
 } // namespace zarnekctl
 

@@ -64,7 +64,7 @@ bool isEventCode(const std::string& key)
 // The section that was meant by a name that differs in case only.
 std::string nearSection(const std::string& name)
 {
-    for (const std::string section :
+    for (const char* section :
          {INI_ADAPTER_SECTION, INI_PHYSICAL_DISK_SECTION, INI_VIRTUAL_DISK_SECTION, INI_SEQUENCE_SECTION})
         if (lowered(name) == lowered(section))
             return section;

@@ -70,7 +70,7 @@ struct MonitorSummary {
     std::size_t changed = 0;   // of these, with one
     std::size_t incomplete = 0;
     std::uint32_t lastSequence = 0; // of the last alert; 0 when none is known
-    std::uint32_t sequence = 0;     // in the mapping file now; 4294967295 when there is none
+    std::uint32_t sequence = 0;     // in the mapping file now; INI_NO_NUMBER when there is none
 };
 
 } // namespace zarnekctl

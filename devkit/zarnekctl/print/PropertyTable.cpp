@@ -145,9 +145,8 @@ std::string nestedText(const Object& object, bool asciiOnly)
 
 } // namespace
 
-const PropertyRow* propertyRows(std::size_t& count)
+devkit::Rows<PropertyRow> propertyRows()
 {
-    count = std::size(ROWS);
     return ROWS;
 }
 

@@ -2,9 +2,9 @@
 #ifndef ZARNEK_DEVKIT_ZARNEKCTL_PROPERTYTABLE_H
 #define ZARNEK_DEVKIT_ZARNEKCTL_PROPERTYTABLE_H
 
+#include "common/Rows.h"
 #include "zarnekctl/host/Object.h"
 
-#include <cstddef>
 #include <string>
 
 namespace zarnekctl
@@ -32,7 +32,7 @@ struct PropertyRow {
     Form form;
 };
 
-const PropertyRow* propertyRows(std::size_t& count);
+devkit::Rows<PropertyRow> propertyRows();
 // Null for an id that the table lacks.
 const PropertyRow* propertyRow(unsigned int id);
 // "property_25000" where the table has no row.

@@ -1,0 +1,17 @@
+# Demands that the rooms of the host include one way: each only itself and those behind it.
+# -DHOST= the folder of the rooms
+cmake_minimum_required(VERSION 3.25)
+set(allowed)
+foreach(room config host print monitor cli)
+  list(APPEND allowed ${room})
+  file(GLOB files ${HOST}/${room}/*.h ${HOST}/${room}/*.cpp)
+  foreach(file ${files})
+    file(STRINGS ${file} includes REGEX "^#include \"zarnekctl/")
+    foreach(include ${includes})
+      string(REGEX REPLACE ".*zarnekctl/([a-z]+)/.*" "\\1" target ${include})
+      if(NOT target IN_LIST allowed)
+        message(SEND_ERROR "${file}: ${include} does not go with cli > monitor > print > host > config")
+      endif()
+    endforeach()
+  endforeach()
+endforeach()
