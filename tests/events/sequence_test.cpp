@@ -47,7 +47,7 @@ TEST_F(EventSequenceTest, ReadsAnewAtEachInstantiateForSubjectsOverTheController
     loadAdapter("");
     CMarvelSubSystemMgr* const subsystem = CMarvelSubSystemMgr::getUniqueInstance();
     CMarvelEventManager& manager = *CMarvelEventManager::getUniqueInstance();
-    for (const unsigned int number : {20U, 30U}) {
+    for (const unsigned int number : {2U, 4U}) {
         writeMapping("[EventSequenceNumber]\nSequenceNumber=" + std::to_string(number) + "\n");
         manager.insertIntoCntrlList({number, number + 1});
         ASSERT_EQ(manager.instantiate(), 0);
@@ -60,11 +60,13 @@ TEST_F(EventSequenceTest, ReadsAnewAtEachInstantiateForSubjectsOverTheController
         EXPECT_EQ(manager.accessMap().at(subject->getSubjectID()), CMarvelEvtObserver::getUniqueInstance());
         EXPECT_EQ(subject->getLilLayerPtr(), subsystem->getLilPtr());
     }
-    std::string listed;
+    // Global numbers and adapter indexes of each subject.
+    using Ids = std::vector<std::pair<unsigned int, unsigned int>>;
+    std::vector<Ids> listed;
     for (Thread& thread : manager.getThreadVector()) {
+        listed.emplace_back();
         for (const stg::SCntrlID_t& id : static_cast<IEvtSubject*>(thread.getFuncArg())->getCntrlIdList())
-            listed += std::to_string(id.m_GlobalCntrlNum) + '/' + std::to_string(id.m_CntrlID) + ' ';
-        listed += '|';
+            listed.back().emplace_back(id.m_GlobalCntrlNum, id.m_CntrlID);
     }
-    EXPECT_EQ(listed, "20/21 |20/21 30/31 |");
+    EXPECT_THAT(listed, testing::ElementsAre(Ids{{2, 3}}, Ids{{2, 3}, {4, 5}}));
 }

@@ -5,6 +5,7 @@
 #include "model/CVirtualDevice.h"
 #include "model/CVirtualDevice_Helper.h"
 #include "model/IController.h"
+#include "support/CLogger.h"
 
 using namespace testing;
 
@@ -44,6 +45,18 @@ void expectEntries(Enter insert, Enter update, Values values, stg::AttribTypeMap
     table.erase("m_Own");
     EXPECT_THAT(entries, IsEmpty());
     EXPECT_EQ(object.getVILNumber(), 5U);
+}
+
+TEST_F(AttributeStoreTest, ADiskSpeaksPastTheLogger)
+{
+    stg::lout << "begun, ";
+    CPhysicalDevice disk;
+    disk.setSlotNum(3);
+    disk.clearMap();
+    stg::lout << "ended" << '\n';
+    const std::string at = "ZARNEK: CPhysicalDevice ";
+    EXPECT_THAT(log(), ElementsAre(at + "clearMap Entry", at + "deleteFromMap Entry",
+                                   at + "deleteFromMap Exit", at + "clearMap Exit", "begun, ended"));
 }
 
 TEST_F(AttributeStoreTest, KeepsEntriesByName)

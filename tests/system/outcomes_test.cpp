@@ -2,6 +2,7 @@
 #include "system/Engine.h"
 
 #include "common/LeaksByDesign.h"
+#include "common/SdoObject.h"
 
 #include "morlan/morlan_inspect.h"
 #include "mvsim/api/mvsim_control.h"
@@ -15,7 +16,6 @@
 #include <gmock/gmock.h>
 
 #include <array>
-#include <cstdint>
 
 using testing::ElementsAre;
 
@@ -32,15 +32,16 @@ class OutcomeTest : public testing::Test
     std::vector<unsigned int> discovered()
     {
         m_engine.loadPlugin();
-        EXPECT_EQ(m_engine.send(20), 0U);
+        EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
         m_total = m_engine.discover(0);
-        EXPECT_EQ(m_engine.send(25), 0U);
-        EXPECT_EQ(m_engine.send(23), 0U);
+        EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+        EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
         return content();
     }
     std::vector<unsigned int> content() const
     {
-        return {m_engine.objects(769), m_engine.objects(772), m_engine.objects(773), m_engine.links()};
+        return {m_engine.objects(SDO_OBJTYPE_CONTROLLER), m_engine.objects(SDO_OBJTYPE_PHYSICAL_DISK),
+                m_engine.objects(SDO_OBJTYPE_VIRTUAL_DISK), m_engine.links()};
     }
 
     Engine m_engine;
@@ -118,12 +119,12 @@ TEST_P(MissingEntryPointTest, ReadsAsSuccessWithAnEmptyAnswer)
     ASSERT_EQ(load(ZARNEK_SOURCE_DIR "/scenarios/disk-failure.json", message.data(), message.size()), 0);
 
     m_engine.loadPlugin();
-    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
     m_engine.discover(0);
     EXPECT_EQ(content(), missing.content);
     EXPECT_EQ(m_engine.monitor(), 0U);
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_EQ(m_engine.send(23), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
     m_engine.unloadPlugin();
     EXPECT_EQ(m_engine.alerts().size(), missing.alert ? 1U : 0U);
 
@@ -157,33 +158,22 @@ const MissingEntryPoint MISSING_ENTRY_POINTS[] = {
 INSTANTIATE_TEST_SUITE_P(Symbols, MissingEntryPointTest, testing::ValuesIn(MISSING_ENTRY_POINTS),
                          [](const auto& instance) { return std::string(instance.param.symbol); });
 
-void add(void* object, unsigned int id, std::uint32_t value)
+void* foreignController()
 {
-    ASSERT_EQ(
-        SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_U32, &value, sizeof value, 1),
-        0);
-}
-
-void* foreignController(unsigned int global)
-{
-    void* const object = SMSDOConfigAlloc();
-    add(object, SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER);
-    add(object, SSPROP_VILNUMBER_U32, 4);
-    add(object, SSPROP_GLOBALCONTROLLERNUM_U32, global);
-    const std::uint32_t nexus = SSPROP_GLOBALCONTROLLERNUM_U32;
-    EXPECT_EQ(SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, &nexus, sizeof nexus, 1), 0);
-    return object;
+    return makeObject({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER},
+                       {SSPROP_VILNUMBER_U32, 4},
+                       {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
 }
 
 TEST_F(OutcomeTest, ForeignObjectsOfTheSameNumberAreLeftAlone)
 {
-    ASSERT_EQ(RalInsertObject(foreignController(0), nullptr), 0);
+    ASSERT_EQ(RalInsertObject(foreignController(), nullptr), 0);
     m_engine.loadScenario(SMALL);
     EXPECT_THAT(discovered(), ElementsAre(2U, 2U, 1U, 2U));
     EXPECT_TRUE(m_engine.logged("ZARNEK:IController::getControllerObject(): SSPROP_VILNUMBER_U32 is 4"));
     void** list = nullptr;
     unsigned int count = 1;
-    void* const foreign = foreignController(0);
+    void* const foreign = foreignController();
     ASSERT_EQ(RalListAssociatedObjects(foreign, SDO_OBJTYPE_PHYSICAL_DISK, &list, &count), 0);
     EXPECT_EQ(count, 0U) << "disks went under the other layer's controller";
     SMSDOConfigFree(foreign);
@@ -210,15 +200,15 @@ TEST_F(OutcomeTest, AnotherLibraryIsNotTakenForTheOneThatIsGone)
 {
     m_engine.loadScenario(SMALL);
     m_engine.loadPlugin();
-    EXPECT_EQ(m_engine.send(20), 0U);
-    EXPECT_EQ(m_engine.send(23), 0U) << "without a stop: the manager lives on";
-    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U) << "without a stop: the manager lives on";
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
     EXPECT_EQ(m_engine.discover(0), 0U);
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
     EXPECT_EQ(m_engine.discover(0), 2U) << "two libraries by now";
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_EQ(m_engine.send(23), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
 }
 
 } // namespace
