@@ -226,7 +226,7 @@ TEST_F(SDOProxyTest, FreesWhatItOwnsAndNothingElse)
     EXPECT_EQ(morlan_live_sdo_objects(), 3U) << "a clone went out";
 }
 
-// A controller with three disks, of device ids 5, 6 and none, and a virtual disk, all in the data engine.
+// A controller with two disks, of device ids 5 and 6, and a virtual disk, all in the data engine.
 class SDOProxyEngineTest : public SDOProxyTest
 {
   protected:
@@ -234,120 +234,90 @@ class SDOProxyEngineTest : public SDOProxyTest
     {
         const std::string version = "1.2";
         m_controller.addProperty(SSPROP_DRIVERVER_ASTRING, stg::SDO_CODE_ASTRING, &version);
-        insert(m_controller, {{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER}},
-               {SSPROP_GLOBALCONTROLLERNUM_U32});
-        for (unsigned int slot = 1; slot <= 3; ++slot) {
-            stg::SDOProxy disk;
-            disk.setParentSDOConfigPtr(m_above);
-            insert(disk,
-                   {{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+        EXPECT_EQ(m_controller.insertIntoDataEngine(), 0);
+        for (const unsigned int slot : {1U, 2U})
+            insert({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
                     {SSPROP_SLOTNUM_U32, slot},
-                    {slot < 3 ? SSPROP_DEVICEID_U32 : SSPROP_STATE_U32, slot + 4}},
-                   {SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_SLOTNUM_U32});
-        }
-        m_proxy.setParentSDOConfigPtr(m_above);
-        insert(m_proxy, {{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_VIRTUAL_DISK}, {SSPROP_LOGICALDRIVENUM_U32, 4}},
-               {SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_LOGICALDRIVENUM_U32});
+                    {SSPROP_DEVICEID_U32, slot + 4}});
+        insert({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_VIRTUAL_DISK}, {SSPROP_LOGICALDRIVENUM_U32, 4}});
         clear();
     }
-    static void insert(stg::SDOProxy& proxy, SdoNumbers numbers, const std::vector<unsigned int>& nexus)
+    ~SDOProxyEngineTest() override { SMSDOConfigFree(m_above); }
+    // Under the controller; the proxy's child becomes the last one.
+    void insert(SdoNumbers numbers)
     {
         numbers.insert({{SSPROP_VILNUMBER_U32, SDO_VIL_NUMBER}, {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
-        for (auto& [id, value] : numbers)
-            proxy.addSpecificProperty(id, stg::SDO_CODE_U32, &value);
-        proxy.addProperty(SSPROP_NEXUS_U32, stg::SDO_CODE_NEXUS, &nexus);
-        EXPECT_EQ(proxy.insertIntoDataEngine(), 0);
+        void* const object = makeObject(numbers);
+        m_proxy.cloneSDOConfig(object, m_above);
+        SMSDOConfigFree(object);
+        EXPECT_EQ(m_proxy.insertIntoDataEngine(), 0);
     }
 
-    stg::SDOProxy m_controller;
-    void* m_above = m_controller.getChildSDOConfigPtr();
+    void* m_above = makeObject({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER},
+                                {SSPROP_VILNUMBER_U32, SDO_VIL_NUMBER},
+                                {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
+    stg::SDOProxy m_controller{m_above};
 };
 
 TEST_F(SDOProxyEngineTest, LinksOneObjectOrAllOfAList)
 {
     constexpr unsigned int ALL = stg::NUMBER_UNKNOWN;
-    // Links the virtual disk with disks: by these calls, in these words, with this result.
-    const auto expectLinks = [this](unsigned int id, stg::OBJECT_RELATION relation, int result,
-                                    const std::vector<std::pair<unsigned int, int>>& slotsAndStatuses,
-                                    const Lines& said) {
+    // How many links it takes to link the virtual disk with disks.
+    const auto links = [this](unsigned int id, stg::OBJECT_RELATION relation, int result) {
         clear();
+        const unsigned int before = ral_call_count("RalLinkObjects");
         EXPECT_EQ(m_proxy.createLinkBetween(m_above, SDO_OBJTYPE_PHYSICAL_DISK, relation, id), result);
-        const auto name = [](unsigned int type, unsigned int property, unsigned int number) {
-            return std::to_string(type) + '/' + std::to_string(SDO_VIL_NUMBER) + ' ' +
-                   std::to_string(SSPROP_GLOBALCONTROLLERNUM_U32) + "=0 " + std::to_string(property) + '=' +
-                   std::to_string(number);
-        };
-        const std::string drive = name(SDO_OBJTYPE_VIRTUAL_DISK, SSPROP_LOGICALDRIVENUM_U32, 4);
-        Lines calls, links;
-        for (const auto& [slot, status] : slotsAndStatuses) {
-            const std::string disk = name(SDO_OBJTYPE_PHYSICAL_DISK, SSPROP_SLOTNUM_U32, slot);
-            const bool isChild = relation == stg::RELATION_CHILD;
-            calls.push_back("ral RalLinkObjects(" + (isChild ? drive + ", " + disk : disk + ", " + drive) +
-                            ") = " + std::to_string(status));
-        }
-        for (const std::string& line : trace())
-            if (line.rfind("ral RalLink", 0) == 0)
-                links.push_back(line);
-        EXPECT_EQ(links, calls);
-        EXPECT_EQ(messages(), said);
+        return ral_call_count("RalLinkObjects") - before;
     };
     const std::string failure = PROXY + "createChildLinkWith(): Failed to ";
     const std::string noLink = failure + "create link with its Child",
                       wrongId = failure + "retrieve device ID.";
-    const std::string noId = PROXY +
-                             "retrieveSpecificProperty(): Failed to retrieve specific property. "
-                             "Prop Name = " +
-                             std::to_string(SSPROP_DEVICEID_U32);
-    expectLinks(ALL, stg::RELATION_CHILD, 0, {{1, 0}, {2, 0}, {3, 0}}, {});
-    expectLinks(ALL, stg::RELATION_PARENT, 0, {{1, 0}, {2, 0}, {3, 0}}, {});
-    expectLinks(6, stg::RELATION_CHILD, 0, {{2, 0}}, {wrongId});
-    expectLinks(5, stg::RELATION_PARENT, 0, {{1, 0}}, {});
-    expectLinks(7, stg::RELATION_CHILD, 1, {}, {wrongId, wrongId, noId, wrongId});
+    EXPECT_EQ(links(ALL, stg::RELATION_PARENT, 0), 2U);
+    EXPECT_THAT(trace(),
+                Contains(HasSubstr("RalLinkObjects(" + std::to_string(SDO_OBJTYPE_PHYSICAL_DISK))).Times(2));
+    EXPECT_EQ(links(5, stg::RELATION_CHILD, 0), 1U);
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_EQ(links(6, stg::RELATION_CHILD, 0), 1U);
+    EXPECT_THAT(messages(), ElementsAre(wrongId));
     ral_fail_call("RalLinkObjects", 1, 1, 1);
-    expectLinks(ALL, stg::RELATION_CHILD, 0, {{1, 1}, {2, 0}, {3, 0}}, {noLink + " (From else part)."});
-    morlan_fail_call("SMSDOConfigClone", 2, 1, 1);
-    expectLinks(ALL, stg::RELATION_CHILD, 0, {{1, 0}, {3, 0}}, {});
+    EXPECT_EQ(links(5, stg::RELATION_CHILD, 1), 1U);
+    EXPECT_THAT(messages(), ElementsAre(noLink + "."));
     ral_fail_call("RalLinkObjects", 1, 1, 1);
-    expectLinks(5, stg::RELATION_CHILD, 1, {{1, 1}}, {noLink + "."});
+    EXPECT_EQ(links(ALL, stg::RELATION_CHILD, 0), 2U);
+    EXPECT_THAT(messages(), ElementsAre(noLink + " (From else part)."));
 }
 
 TEST_F(SDOProxyEngineTest, FetchesObjectsByTheirKeys)
 {
-    // With a child that the proxy owns and with one that it does not.
-    const auto expect = [this](auto& object, const std::string& parameter, const std::string& kind,
-                               const std::string& missingKey, bool found) {
-        const std::string label = PROXY + "retrieveSingleSDOObject( " + parameter + " )";
-        const std::string failure = label + ": Failed to get " + kind + " Object from Data Engine.";
-        const std::string elsewhere =
-            "Child Pointer of SDOProxy is pointing somewhere else. Not able to replace ";
-        const std::string reason = missingKey.empty()
-                                       ? elsewhere + "the Child Pointer."
-                                       : missingKey + " is missing. Not able to proceed further.";
+    // In the place of a child that the proxy owns, and of no other.
+    const auto expect = [this](auto& object, const std::string& missingKey, bool found) {
         stg::SDOProxy owner, borrower(m_above);
+        clear();
         EXPECT_EQ(owner.retrieveSingleSDOObject(object) != nullptr, found);
-        EXPECT_EQ(log().back(), found ? label + " EXIT " : failure);
+        EXPECT_THAT(messages(), Contains(HasSubstr("missing. Not able")).Times(missingKey.empty() ? 0 : 1));
+        EXPECT_THAT(messages(), Contains(HasSubstr(missingKey)));
+        EXPECT_THAT(log().back(), found ? EndsWith(" EXIT ") : EndsWith(" Object from Data Engine."));
         clear();
         EXPECT_EQ(borrower.retrieveSingleSDOObject(object), nullptr);
-        EXPECT_EQ(log(), Lines({label + " ENTRY ", label + ": " + reason, failure}));
+        EXPECT_THAT(messages(),
+                    Contains(HasSubstr("pointing somewhere else")).Times(missingKey.empty() ? 1 : 0));
     };
     IController controller;
-    expect(controller, "IController& cntrlRef", "Controller", "GlobalControllerNumber", false);
+    expect(controller, "GlobalControllerNumber", false);
     for (const unsigned int number : {1U, 0U}) {
         controller.setGlobalControllerNumber(number);
-        expect(controller, "IController& cntrlRef", "Controller", "", number == 0);
+        expect(controller, "", number == 0);
     }
     CPhysicalDevice disk;
-    expect(disk, "CPhysicalDevice& physicalDeviceRef", "PD", "GlobalControllerNumber", false);
     disk.setGlobalCntrlNum(0);
-    expect(disk, "CPhysicalDevice& physicalDeviceRef", "PD", "Physical Device ID", false);
+    expect(disk, "Physical Device ID", false);
     disk.setDevID(6);
-    expect(disk, "CPhysicalDevice& physicalDeviceRef", "PD", "", true);
+    expect(disk, "", true);
     CVirtualDevice drive;
-    expect(drive, "CVirtualDevice& virtualDeviceRef", "VD", "GlobalControllerNumber", false);
     drive.setGlobalControllerNo(0);
-    expect(drive, "CVirtualDevice& virtualDeviceRef", "VD", "Logical Drive Number", false);
+    expect(drive, "Logical Drive Number", false);
     drive.setLogicalDriveNum(4);
-    expect(drive, "CVirtualDevice& virtualDeviceRef", "VD", "", true);
+    expect(drive, "", true);
 }
 
 TEST_F(SDOProxyEngineTest, ReadsModelObjectsBack)

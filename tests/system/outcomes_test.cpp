@@ -23,7 +23,6 @@ namespace
 {
 
 constexpr char SMALL[] = ZARNEK_SOURCE_DIR "/scenarios/small-server.json";
-constexpr char LARGE[] = ZARNEK_SOURCE_DIR "/scenarios/large-server.json";
 
 class OutcomeTest : public testing::Test
 {
@@ -47,46 +46,6 @@ class OutcomeTest : public testing::Test
     Engine m_engine;
     unsigned int m_total = 0;
 };
-
-TEST_F(OutcomeTest, AControllerThatFailsIsSkippedAndKeepsItsNumber)
-{
-    std::string text = TempFolder::readFile(LARGE);
-    text.insert(text.find("\"slot\""), R"("fail": {"MV_Adapter_Get_OEM_Data": 13}, )");
-    m_engine.loadScenarioText(text);
-    EXPECT_THAT(discovered(), ElementsAre(1U, 24U, 4U, 4U * 24));
-    EXPECT_EQ(m_total, 2U);
-    EXPECT_TRUE(
-        m_engine.logged("ZARNEK:CLibraryInterfaceLayer: mvErrorDisplay() FAILED: ERR_INVALID_ADAPTER_ID "));
-    EXPECT_TRUE(m_engine.logged("ZARNEK: CMarvellController:operator=() - GCN: 1 CNTRLID: 1"));
-}
-
-TEST_F(OutcomeTest, ListsOfUnequalLengthAreNotTrusted)
-{
-    struct Case {
-        const char* call;
-        std::vector<unsigned int> content;
-    };
-    // Disks that no answer fits stay out of the controller: they have no identity. Drives likewise.
-    for (const Case& c : {Case{"MV_PD_GetConfig", {1, 0, 1, 0}}, Case{"MV_LD_GetConfig", {1, 2, 0, 0}}}) {
-        std::string text = TempFolder::readFile(SMALL);
-        text.insert(text.find("\"slot\""),
-                    R"("answers": {")" + std::string(c.call) + R"(": {"count": 0}}, )");
-        m_engine.loadScenarioText(text);
-        EXPECT_EQ(discovered(), c.content) << c.call;
-        ral_reset();
-    }
-}
-
-TEST_F(OutcomeTest, NoVendorLibraryOrNoControllerIsNoFailure)
-{
-    const LeaksByDesign droppedLibraries;
-    for (const char* name : {"libnothing", "", "libmvsim"}) {
-        m_engine.nameVendorLibrary(name);
-        m_engine.loadScenarioText(R"({"format": 1, "name": "empty", "adapters": []})");
-        EXPECT_THAT(discovered(), ElementsAre(0U, 0U, 0U, 0U)) << name;
-        EXPECT_EQ(m_total, 0U);
-    }
-}
 
 // The outcome of a vendor library that lacks one entry point: the discovery's content, and the alert.
 struct MissingEntryPoint {
@@ -177,23 +136,6 @@ TEST_F(OutcomeTest, ForeignObjectsOfTheSameNumberAreLeftAlone)
     ASSERT_EQ(RalListAssociatedObjects(foreign, SDO_OBJTYPE_PHYSICAL_DISK, &list, &count), 0);
     EXPECT_EQ(count, 0U) << "disks went under the other layer's controller";
     SMSDOConfigFree(foreign);
-}
-
-TEST_F(OutcomeTest, AFailedInsertionLosesThatObjectAlone)
-{
-    struct Case {
-        unsigned int insertion;
-        std::vector<unsigned int> content;
-    };
-    // The controller; a disk; the virtual disk, whose second insertion makes up for the first.
-    for (const Case& c : {Case{1, {0, 2, 1, 2}}, Case{2, {1, 1, 1, 1}}, Case{4, {1, 2, 1, 0}}}) {
-        m_engine.loadScenario(SMALL);
-        ral_fail_call("RalInsertObject", c.insertion, 1, 77);
-        EXPECT_EQ(discovered(), c.content) << c.insertion;
-        EXPECT_TRUE(m_engine.logged("ZARNEK:stg::SDOProxy::insertIntoDataEngine(): RalInsertObject Failed."));
-        EXPECT_TRUE(m_engine.logged("ZARNEK:ISubSystemManager: insertIntoRAL() Failed"));
-        ral_reset();
-    }
 }
 
 TEST_F(OutcomeTest, AnotherLibraryIsNotTakenForTheOneThatIsGone)
