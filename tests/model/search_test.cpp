@@ -60,24 +60,8 @@ struct SearchTest : PluginTest {
 
 TEST_F(SearchTest, FindsTheDevicesOfAController)
 {
-    struct Search {
-        unsigned int controller, wanted, diskStatus, driveStatus;
-        std::vector<unsigned int> places;
-        const char* failing = "none";
-        unsigned int nth = 1;
-        int failure = 1;
-    };
-    const std::vector<unsigned int> none{EMPTY, KEPT, KEPT, KEPT, KEPT};
-    // Looking for the controller takes the first listing, two readings and a clone.
-    const Search searches[] = {{5, ALL, 0, 0, {40, KEPT, KEYLESS, KEPT, 44}},
-                               {5, 44, 0, 0, {44, KEPT, KEPT, KEPT, KEPT}},
-                               {5, 43, 256, 1, none}, // of no layer
-                               {8, ALL, 1, 1, none},
-                               {5, ALL, 256, 5, none, "RalListAssociatedObjects", 2, 5},
-                               {5, ALL, 1, 1, {40, KEPT, KEYLESS, KEPT, EMPTY}, "SMSDOConfigClone", 4},
-                               {5, 40, 1, 1, none, "SMSDOConfigClone", 2},
-                               {5, ALL, 0, 1, {40, KEPT, KEYLESS, KEPT, KEPT}, "SMSDOConfigGetDataByID", 7}};
     for (const bool isDisk : {true, false}) {
+        SCOPED_TRACE(isDisk);
         const unsigned int type = isDisk ? SDO_OBJTYPE_PHYSICAL_DISK : SDO_OBJTYPE_VIRTUAL_DISK;
         const unsigned int key = isDisk ? SSPROP_DEVICEID_U32 : SSPROP_LOGICALDRIVENUM_U32;
         for (const SdoNumbers& others :
@@ -89,27 +73,33 @@ TEST_F(SearchTest, FindsTheDevicesOfAController)
             device.insert(others.begin(), others.end());
             insert(device);
         }
-        for (const Search& search : searches) {
-            SCOPED_TRACE(testing::Message() << isDisk << ' ' << search.wanted << ' ' << search.failing);
-            morlan_fail_call(search.failing, search.nth, 1, search.failure);
-            ral_fail_call(search.failing, search.nth, 1, search.failure);
+        const auto search = [&](unsigned int controller, unsigned int wanted, unsigned int status) {
             std::array<void*, 5> places;
             places.fill(this);
-            EXPECT_EQ(isDisk ? CPhysicalDevice().getPdObject(search.controller, places.data(), search.wanted)
-                             : CVirtualDevice().getVdObject(search.controller, places.data(), search.wanted),
-                      isDisk ? search.diskStatus : search.driveStatus);
-            EXPECT_EQ(keys(places, key), search.places);
-        }
+            clear();
+            EXPECT_EQ(isDisk ? CPhysicalDevice().getPdObject(controller, places.data(), wanted)
+                             : CVirtualDevice().getVdObject(controller, places.data(), wanted),
+                      status);
+            return keys(places, key);
+        };
+        const std::vector<unsigned int> none{EMPTY, KEPT, KEPT, KEPT, KEPT};
+        EXPECT_THAT(search(5, ALL, 0), testing::ElementsAre(40, KEPT, KEYLESS, KEPT, 44));
+        EXPECT_THAT(search(5, 44, 0), testing::ElementsAre(44, KEPT, KEPT, KEPT, KEPT));
+        EXPECT_EQ(search(8, ALL, 1), none);
+        EXPECT_EQ(search(5, 43, isDisk ? stg::STATUS_NO_MATCH : stg::STATUS_FAILURE), none) << "of no layer";
+        const std::string other = std::to_string(OTHER_LAYER), absent = "SSPROP_VILNUMBER_U32 not found.";
+        EXPECT_EQ(said("ZARNEK:CPhysicalDevice::getPdObject(): "),
+                  isDisk ? Lines({"Total Number of PDs = 5", "SSPROP_VILNUMBER_U32 is " + other, absent})
+                         : Lines());
+        EXPECT_EQ(said("ZARNEK:CVirtualDevice::getVdObject(): "),
+                  isDisk ? Lines()
+                         : Lines({"Total Number of VDs = 5", "SSPROP_VILNUMBER_U32 = " + other, absent}));
+        // Looking for the controller takes the first listing and a clone.
+        ral_fail_call("RalListAssociatedObjects", 2, 1, 5);
+        EXPECT_EQ(search(5, ALL, isDisk ? stg::STATUS_NO_MATCH : 5), none);
+        morlan_fail_call("SMSDOConfigClone", 4, 1, 0);
+        EXPECT_THAT(search(5, ALL, 1), testing::ElementsAre(40, KEPT, KEYLESS, KEPT, EMPTY));
     }
-    void* place = nullptr;
-    clear();
-    CPhysicalDevice().getPdObject(5, &place, 43);
-    CVirtualDevice().getVdObject(5, &place, 43);
-    const std::string other = std::to_string(OTHER_LAYER), absent = "SSPROP_VILNUMBER_U32 not found.";
-    EXPECT_EQ(said("ZARNEK:CPhysicalDevice::getPdObject(): "),
-              Lines({"Total Number of PDs = 5", "SSPROP_VILNUMBER_U32 is " + other, absent}));
-    EXPECT_EQ(said("ZARNEK:CVirtualDevice::getVdObject(): "),
-              Lines({"Total Number of VDs = 5", "SSPROP_VILNUMBER_U32 = " + other, absent}));
 }
 
 TEST_F(SearchTest, FindsTheControllerOfItsOwnLayer)
