@@ -11,6 +11,7 @@
 #include <mv.h>
 #include <ral.h>
 #include <sdo.h>
+#include <zarnek.h>
 
 #include <chrono>
 #include <stdexcept>
@@ -25,14 +26,12 @@ namespace
 
 constexpr unsigned int DISKS_PER_DRIVE = 8;
 
-using Entry = unsigned int (*)(unsigned int, void*, void**);
-
-Entry loadPlugin()
+ZARNEK_Entry_t loadPlugin()
 {
     void* const library = dlopen(ZARNEK_PLUGIN, RTLD_NOW);
     if (library == nullptr)
         throw std::runtime_error(dlerror());
-    return reinterpret_cast<Entry>(dlsym(library, "libpld_sm_zarnek_entry"));
+    return reinterpret_cast<ZARNEK_Entry_t>(dlsym(library, ZARNEK_ENTRY_NAME));
 }
 
 // The plug-in, initialised next to an empty data engine, until it is stopped and terminated.
@@ -42,14 +41,14 @@ class RunningPlugin
     RunningPlugin()
     {
         ral_reset();
-        m_entry(20, nullptr, &m_slot);
+        m_entry(ZARNEK_CMD_INITIALIZE, nullptr, &m_slot);
     }
     RunningPlugin(const RunningPlugin&) = delete;
     RunningPlugin& operator=(const RunningPlugin&) = delete;
     ~RunningPlugin()
     {
-        m_entry(25, nullptr, &m_slot);
-        m_entry(23, nullptr, &m_slot);
+        m_entry(ZARNEK_CMD_STOP_MONITORING, nullptr, &m_slot);
+        m_entry(ZARNEK_CMD_TERMINATE, nullptr, &m_slot);
     }
 
     void discover() const
@@ -57,11 +56,11 @@ class RunningPlugin
         unsigned int firstNumber = 0;
         unsigned int total = 0;
         void* output = &total;
-        m_entry(22, &firstNumber, &output);
+        m_entry(ZARNEK_CMD_DISCOVER, &firstNumber, &output);
     }
 
   private:
-    static inline const Entry m_entry = loadPlugin();
+    static inline const ZARNEK_Entry_t m_entry = loadPlugin();
     void* m_slot = nullptr;
 };
 

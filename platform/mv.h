@@ -44,7 +44,7 @@ constexpr std::uint32_t MV_FEATURE_12G = 1U << 10;
 // MediaFlags of _HD_Info.
 constexpr std::uint8_t MV_MEDIA_SSD = 0x01;
 
-// LinkSpeed of _HD_CONFIG; anything else means no link.
+// LinkSpeed of _HD_CONFIG; anything else tells no speed.
 constexpr std::uint8_t MV_SPEED_1_5G = 1;
 constexpr std::uint8_t MV_SPEED_3G = 2;
 constexpr std::uint8_t MV_SPEED_6G = 3;

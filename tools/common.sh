@@ -47,7 +47,7 @@ need_packages() {
 
 # Packages to build and run with; the 32-bit compiler where there is one.
 build_packages() {
-    local packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
+    local packages=(g++ cmake ninja-build libcli11-dev libutfcpp-dev nlohmann-json3-dev)
     if [ "$(uname -m)" = x86_64 ]; then
         packages+=(g++-multilib)
     fi
@@ -81,27 +81,34 @@ quietly() {
 }
 
 # configure PRESET FOLDER [cmake argument...]: once, and when the presets have changed; all other changes are the
-# build's own to notice.
+# build's own to notice. Warnings are errors for who sets ZARNEK_WERROR=ON.
 configure() {
-    local preset=$1 folder=$2
+    local preset=$1 folder=$2 werror=${ZARNEK_WERROR:-OFF}
     shift 2
-    if [ ! -f "$folder/build.ninja" ] || [ "$root/CMakePresets.json" -nt "$folder/build.ninja" ]; then
-        (cd "$root" && quietly cmake --preset "$preset" -B "$folder" "$@")
+    if [ ! -f "$folder/build.ninja" ] || [ "$root/CMakePresets.json" -nt "$folder/build.ninja" ] ||
+        ! grep -qx "ZARNEK_WERROR:BOOL=$werror" "$folder/CMakeCache.txt"; then
+        (cd "$root" && quietly cmake --preset "$preset" -B "$folder" -DZARNEK_WERROR="$werror" "$@")
     fi
 }
 
 passed=0
 failed=0
 
-# Builds a preset, runs its tests, and adds them to $passed and $failed. A build that fails ends the script.
-run_suite() {
-    local preset=$1 log total broken
+# Builds a preset, as a whole or the target that is named. A build that fails ends the script.
+build() {
+    local preset=$1
     say "$preset: building"
     configure "$preset" "$root/build/$preset"
-    quietly cmake --build "$root/build/$preset" --parallel 2
+    quietly cmake --build "$root/build/$preset" --parallel "$(nproc)" ${2:+--target "$2"}
+}
+
+# Builds a preset, runs its tests, and adds them to $passed and $failed.
+run_suite() {
+    local preset=$1 log total broken
+    build "$preset"
     say "$preset: testing"
     log=$(mktemp)
-    (cd "$root" && ctest --preset "$preset" --parallel 2) >"$log" 2>&1 || true
+    (cd "$root" && ctest --preset "$preset" --parallel "$(nproc)") >"$log" 2>&1 || true
     # Failures are told whole, successes by ctest's own summary.
     if grep -q '^100% tests passed' "$log"; then
         tail -n 4 "$log"

@@ -1,7 +1,7 @@
 // Which calls of a stand-in library fail by plan, and how often each call was made. Safe from several
 // threads.
-#ifndef ZARNEK_DEVKIT_FAULTPLAN_H
-#define ZARNEK_DEVKIT_FAULTPLAN_H
+#ifndef ZARNEK_DEVKIT_COMMON_FAULTPLAN_H
+#define ZARNEK_DEVKIT_COMMON_FAULTPLAN_H
 
 #include <initializer_list>
 #include <map>

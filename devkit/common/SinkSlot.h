@@ -1,7 +1,7 @@
 // The place of one sink: a C function with a context that the host may exchange while other threads are
 // calling it. No lock is held while the sink runs, so it may exchange or remove itself.
-#ifndef ZARNEK_DEVKIT_SINKSLOT_H
-#define ZARNEK_DEVKIT_SINKSLOT_H
+#ifndef ZARNEK_DEVKIT_COMMON_SINKSLOT_H
+#define ZARNEK_DEVKIT_COMMON_SINKSLOT_H
 
 #include <algorithm>
 #include <condition_variable>
@@ -13,7 +13,7 @@ namespace devkit
 {
 
 // `Function` is a pointer to a function whose first parameter is the context.
-template <typename Function>
+template <class Function>
 class SinkSlot
 {
   public:
@@ -39,7 +39,7 @@ class SinkSlot
     }
 
     // Calls the sink; false when there is none.
-    template <typename... Arguments>
+    template <class... Arguments>
     bool call(Arguments... arguments)
     {
         std::unique_lock<std::mutex> lock(m_mutex);

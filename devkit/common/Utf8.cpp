@@ -1,107 +1,97 @@
 #include "common/Utf8.h"
 
-namespace zarnekctl
+#include "common/text.h"
+
+#include <algorithm>
+#include <clocale>
+#include <cwchar>
+#include <utf8.h>
+
+namespace devkit
 {
 
 namespace
 {
 
-constexpr char digits[] = "0123456789abcdef";
-
-unsigned byteAt(std::string_view text, std::size_t index)
+// Goes through the text: onCharacter(bytes, code point) for what is UTF-8, onByte(byte) for what is not.
+template <typename OnCharacter, typename OnByte>
+void scan(std::string_view text, OnCharacter onCharacter, OnByte onByte)
 {
-    return static_cast<unsigned char>(text[index]);
+    while (!text.empty()) {
+        const std::string_view valid = text.substr(0, utf8::find_invalid(text));
+        for (const char* at = valid.data(); at != valid.data() + valid.size();) {
+            const char* const begin = at;
+            const char32_t point = utf8::unchecked::next(at);
+            onCharacter(std::string_view(begin, static_cast<std::size_t>(at - begin)), point);
+        }
+        text.remove_prefix(valid.size());
+        if (!text.empty()) {
+            onByte(text.front());
+            text.remove_prefix(1);
+        }
+    }
 }
 
-void appendHex(std::string& out, unsigned byte)
+// C0 and C1 controls steer a terminal.
+bool isControl(char32_t point)
 {
-    out += digits[byte >> 4];
-    out += digits[byte & 0x0f];
+    return point < 0x20 || (point >= 0x7f && point < 0xa0);
 }
 
-// C0 and C1 controls steer a terminal; C1 comes as the sequences c2 80 to c2 9f.
-bool isControl(std::string_view sequence)
+// This thread's locale for as long as it lives. The process keeps its own, by which the plug-in tells what
+// white space is.
+class Utf8Locale
 {
-    if (sequence.size() == 1)
-        return byteAt(sequence, 0) < 0x20 || byteAt(sequence, 0) == 0x7f;
-    return sequence.size() == 2 && byteAt(sequence, 0) == 0xc2 && byteAt(sequence, 1) < 0xa0;
-}
+  public:
+    Utf8Locale() : m_former(uselocale(locale())) {}
+    ~Utf8Locale() { uselocale(m_former); }
+    Utf8Locale(const Utf8Locale&) = delete;
+    Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+  private:
+    static locale_t locale()
+    {
+        static const locale_t UTF8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+        return UTF8;
+    }
+
+    locale_t m_former;
+};
 
 } // namespace
 
-std::size_t utf8SequenceLength(std::string_view text)
-{
-    if (text.empty())
-        return 0;
-    const unsigned lead = byteAt(text, 0);
-    if (lead < 0x80)
-        return 1;
-    std::size_t length = 0;
-    unsigned point = 0;
-    unsigned smallest = 0;
-    if (lead >= 0xc2 && lead <= 0xdf) {
-        length = 2;
-        point = lead & 0x1f;
-        smallest = 0x80;
-    } else if (lead >= 0xe0 && lead <= 0xef) {
-        length = 3;
-        point = lead & 0x0f;
-        smallest = 0x800;
-    } else if (lead >= 0xf0 && lead <= 0xf4) {
-        length = 4;
-        point = lead & 0x07;
-        smallest = 0x10000;
-    }
-    if (length == 0 || text.size() < length)
-        return 0;
-    for (std::size_t index = 1; index < length; ++index) {
-        if ((byteAt(text, index) & 0xc0) != 0x80)
-            return 0;
-        point = (point << 6) | (byteAt(text, index) & 0x3f);
-    }
-    const bool surrogate = point >= 0xd800 && point <= 0xdfff;
-    return point >= smallest && point <= 0x10ffff && !surrogate ? length : 0;
-}
-
 bool isUtf8(std::string_view text)
 {
-    while (!text.empty()) {
-        const std::size_t length = utf8SequenceLength(text);
-        if (length == 0)
-            return false;
-        text.remove_prefix(length);
-    }
-    return true;
+    return utf8::is_valid(text);
 }
 
 std::string escaped(std::string_view text, bool asciiOnly)
 {
     std::string out;
     out.reserve(text.size());
-    while (!text.empty()) {
-        const std::size_t length = utf8SequenceLength(text);
-        const std::string_view sequence = text.substr(0, length == 0 ? 1 : length);
-        if (length == 0 || isControl(sequence) || (asciiOnly && length > 1)) {
-            for (std::size_t index = 0; index < sequence.size(); ++index) {
-                out += "\\x";
-                appendHex(out, byteAt(sequence, index));
-            }
-        } else {
-            out += sequence;
-        }
-        text.remove_prefix(sequence.size());
-    }
+    const auto escape = [&out](const char& byte) { out += "\\x" + hex({&byte, 1}); };
+    scan(
+        text,
+        [&](std::string_view bytes, char32_t point) {
+            if (isControl(point) || (asciiOnly && bytes.size() > 1))
+                std::for_each(bytes.begin(), bytes.end(), escape);
+            else
+                out += bytes;
+        },
+        escape);
     return out;
 }
 
 std::size_t displayWidth(std::string_view text)
 {
+    const Utf8Locale locale;
     std::size_t width = 0;
-    while (!text.empty()) {
-        const std::size_t length = utf8SequenceLength(text);
-        text.remove_prefix(length == 0 ? 1 : length);
-        ++width;
-    }
+    const auto add = [&width](int columns) {
+        width += columns < 0 ? 1 : static_cast<std::size_t>(columns); // below zero: not known
+    };
+    scan(
+        text, [&](std::string_view, char32_t point) { add(wcwidth(static_cast<wchar_t>(point))); },
+        [&](char) { add(1); });
     return width;
 }
 
@@ -114,17 +104,4 @@ std::string padded(std::string_view text, std::size_t width)
     return out;
 }
 
-std::string hex(std::string_view bytes)
-{
-    std::string out;
-    for (std::size_t index = 0; index < bytes.size(); ++index)
-        appendHex(out, byteAt(bytes, index));
-    return out;
-}
-
-std::string counted(std::size_t count, const std::string& noun)
-{
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-} // namespace zarnekctl
+} // namespace devkit

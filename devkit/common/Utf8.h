@@ -6,26 +6,19 @@
 #include <string>
 #include <string_view>
 
-namespace zarnekctl
+namespace devkit
 {
 
-// Length of the UTF-8 sequence at the head of `text`; 0 when there is none: an invalid or overlong sequence,
-// a surrogate, or an empty text.
-std::size_t utf8SequenceLength(std::string_view text);
 bool isUtf8(std::string_view text);
 
 // Control characters and bytes that are not UTF-8 come out as \x08; with `asciiOnly` everything beyond ASCII.
 std::string escaped(std::string_view text, bool asciiOnly = false);
 
-// Columns on a terminal: one for each character.
+// Columns on a terminal: two for a wide character, none for a mark that goes onto the character before it.
 std::size_t displayWidth(std::string_view text);
 // Filled with blanks to `width` columns; longer text stays whole.
 std::string padded(std::string_view text, std::size_t width);
 
-std::string hex(std::string_view bytes);
-// "1 disk", "2 disks".
-std::string counted(std::size_t count, const std::string& noun);
-
-} // namespace zarnekctl
+} // namespace devkit
 
 #endif

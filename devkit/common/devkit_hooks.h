@@ -1,6 +1,6 @@
 // What every stand-in library of the devkit has in common: sinks that see its calls, and planned failures.
-#ifndef ZARNEK_DEVKIT_HOOKS_H
-#define ZARNEK_DEVKIT_HOOKS_H
+#ifndef ZARNEK_DEVKIT_COMMON_DEVKIT_HOOKS_H
+#define ZARNEK_DEVKIT_COMMON_DEVKIT_HOOKS_H
 
 // Receives one line of text, without a line end, on the thread that caused it. The text is valid for the
 // call only. A sink may not throw, and may not call back into the library that calls it, but for its

@@ -89,10 +89,10 @@ FileRead readFile(const std::string& path, std::string& content)
     // Not waiting: a pipe in the file's place must not hang the caller.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.isOpen())
-        return errno == ENOENT ? FileRead::MISSING : FileRead::FAILED;
+        return errno == ENOENT ? FileRead::Missing : FileRead::Failed;
     struct stat status = {};
     if (fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
-        return FileRead::FAILED;
+        return FileRead::Failed;
     content.clear();
     char buffer[4096];
     for (;;) {
@@ -100,9 +100,9 @@ FileRead readFile(const std::string& path, std::string& content)
         if (length > 0)
             content.append(buffer, static_cast<std::size_t>(length));
         else if (length == 0)
-            return FileRead::DONE;
+            return FileRead::Done;
         else if (errno != EINTR)
-            return FileRead::FAILED;
+            return FileRead::Failed;
     }
 }
 

@@ -1,13 +1,13 @@
 // Whole files: reading, and replacing in one step.
-#ifndef ZARNEK_DEVKIT_FILES_H
-#define ZARNEK_DEVKIT_FILES_H
+#ifndef ZARNEK_DEVKIT_COMMON_FILES_H
+#define ZARNEK_DEVKIT_COMMON_FILES_H
 
 #include <string>
 
 namespace devkit
 {
 
-enum class FileRead { DONE, MISSING, FAILED };
+enum class FileRead { Done, Missing, Failed };
 
 // Reads a regular file; anything else but a missing one has failed.
 FileRead readFile(const std::string& path, std::string& content);

@@ -5,14 +5,13 @@ namespace devkit
 
 std::string quoted(std::string_view text)
 {
-    static constexpr char HEX_DIGITS[] = "0123456789abcdef";
     std::string result = "\"";
-    for (const char character : text) {
+    for (const char& character : text) {
         const unsigned int code = static_cast<unsigned char>(character);
         if (character == '"' || character == '\\')
             (result += '\\') += character;
         else if (code < 0x20 || code == 0x7f)
-            ((result += "\\x") += HEX_DIGITS[code >> 4]) += HEX_DIGITS[code & 0xf];
+            result += "\\x" + hex({&character, 1});
         else
             result += character;
     }
@@ -22,6 +21,22 @@ std::string quoted(std::string_view text)
 std::string quoted(const char* text)
 {
     return text == nullptr ? "null" : quoted(std::string_view(text));
+}
+
+std::string hex(std::string_view bytes)
+{
+    static constexpr char DIGITS[] = "0123456789abcdef";
+    std::string result;
+    for (const char byte : bytes) {
+        const unsigned int code = static_cast<unsigned char>(byte);
+        (result += DIGITS[code >> 4]) += DIGITS[code & 0xf];
+    }
+    return result;
+}
+
+std::string counted(std::size_t count, const std::string& noun)
+{
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 } // namespace devkit

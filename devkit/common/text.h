@@ -1,7 +1,8 @@
-// Values as the lines of the call sinks show them.
-#ifndef ZARNEK_DEVKIT_TEXT_H
-#define ZARNEK_DEVKIT_TEXT_H
+// Values as text, for the lines of the call sinks and for people.
+#ifndef ZARNEK_DEVKIT_COMMON_TEXT_H
+#define ZARNEK_DEVKIT_COMMON_TEXT_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,11 @@ namespace devkit
 std::string quoted(std::string_view text);
 // The same for a C string; null gives the bare word null.
 std::string quoted(const char* text);
+// Two lower-case digits for each byte, without a prefix.
+std::string hex(std::string_view bytes);
+
+// "1 disk", "2 disks".
+std::string counted(std::size_t count, const std::string& noun);
 
 } // namespace devkit
 

@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 
+namespace morlan
+{
+
 namespace
 {
 
@@ -31,3 +34,5 @@ std::optional<std::string> EnvironmentSetting::get() const
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_isSet ? m_text : copied(std::getenv(m_variable));
 }
+
+} // namespace morlan

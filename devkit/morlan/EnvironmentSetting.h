@@ -1,10 +1,13 @@
 // A text that an environment variable gives until the host sets it. Safe from several threads.
-#ifndef ZARNEK_DEVKIT_ENVIRONMENTSETTING_H
-#define ZARNEK_DEVKIT_ENVIRONMENTSETTING_H
+#ifndef ZARNEK_DEVKIT_MORLAN_ENVIRONMENTSETTING_H
+#define ZARNEK_DEVKIT_MORLAN_ENVIRONMENTSETTING_H
 
 #include <mutex>
 #include <optional>
 #include <string>
+
+namespace morlan
+{
 
 class EnvironmentSetting
 {
@@ -25,5 +28,7 @@ class EnvironmentSetting
     bool m_isSet = false;
     std::optional<std::string> m_text;
 };
+
+} // namespace morlan
 
 #endif

@@ -1,5 +1,8 @@
 #include "morlan/Morlan.h"
 
+namespace morlan
+{
+
 Morlan& Morlan::instance()
 {
     static Morlan& library = *new Morlan;
@@ -42,3 +45,5 @@ void Morlan::reset()
     callSink.set(nullptr, nullptr);
     threads.hold(false);
 }
+
+} // namespace morlan

@@ -1,6 +1,6 @@
 // What the library holds as long as it is loaded.
-#ifndef ZARNEK_DEVKIT_MORLAN_H
-#define ZARNEK_DEVKIT_MORLAN_H
+#ifndef ZARNEK_DEVKIT_MORLAN_MORLAN_H
+#define ZARNEK_DEVKIT_MORLAN_MORLAN_H
 
 #include "common/FaultPlan.h"
 #include "common/SinkSlot.h"
@@ -11,6 +11,9 @@
 #include "morlan/ThreadTable.h"
 
 #include <string>
+
+namespace morlan
+{
 
 class Morlan
 {
@@ -36,5 +39,7 @@ class Morlan
   private:
     Morlan();
 };
+
+} // namespace morlan
 
 #endif

@@ -5,6 +5,9 @@
 #include <new>
 #include <thread>
 
+namespace morlan
+{
+
 struct MutexTable::Mutex {
     std::mutex guard;
     std::condition_variable freed;
@@ -82,3 +85,5 @@ std::shared_ptr<MutexTable::Mutex> MutexTable::find(void* mutex) const
     const auto found = m_live.find(mutex);
     return found == m_live.end() ? nullptr : found->second;
 }
+
+} // namespace morlan

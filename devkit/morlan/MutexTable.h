@@ -1,11 +1,14 @@
 // The mutexes that the library has given out. Handles are looked up, so that a null, foreign or destroyed one
 // is an error and no harm. Safe from several threads.
-#ifndef ZARNEK_DEVKIT_MUTEXTABLE_H
-#define ZARNEK_DEVKIT_MUTEXTABLE_H
+#ifndef ZARNEK_DEVKIT_MORLAN_MUTEXTABLE_H
+#define ZARNEK_DEVKIT_MORLAN_MUTEXTABLE_H
 
 #include <map>
 #include <memory>
 #include <mutex>
+
+namespace morlan
+{
 
 class MutexTable
 {
@@ -29,5 +32,7 @@ class MutexTable
     mutable std::mutex m_mutex;
     std::map<void*, std::shared_ptr<Mutex>> m_live;
 };
+
+} // namespace morlan
 
 #endif

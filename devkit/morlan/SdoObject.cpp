@@ -4,6 +4,9 @@
 #include <atomic>
 #include <new>
 
+namespace morlan
+{
+
 namespace
 {
 
@@ -115,3 +118,5 @@ void SdoObject::put(Property property)
     delete found->nested;
     *found = std::move(property);
 }
+
+} // namespace morlan

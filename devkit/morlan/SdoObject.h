@@ -1,13 +1,16 @@
 // An SDO configuration object: a bag of properties in the order of their first addition, at most one per id.
 // What the C functions hand out as an untyped handle is a pointer to one of these. Not synchronised: one
 // object is for one thread at a time.
-#ifndef ZARNEK_DEVKIT_SDOOBJECT_H
-#define ZARNEK_DEVKIT_SDOOBJECT_H
+#ifndef ZARNEK_DEVKIT_MORLAN_SDOOBJECT_H
+#define ZARNEK_DEVKIT_MORLAN_SDOOBJECT_H
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
+
+namespace morlan
+{
 
 class SdoObject
 {
@@ -59,5 +62,7 @@ class SdoObject
     const SdoObject* m_owner = nullptr;
     std::vector<Property> m_properties;
 };
+
+} // namespace morlan
 
 #endif

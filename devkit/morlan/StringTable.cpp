@@ -15,6 +15,9 @@
 #include <sanitizer/asan_interface.h>
 #endif
 
+namespace morlan
+{
+
 namespace
 {
 
@@ -91,3 +94,5 @@ unsigned int StringTable::live() const
     const std::lock_guard<std::mutex> lock(m_mutex);
     return static_cast<unsigned int>(m_live.size());
 }
+
+} // namespace morlan

@@ -1,7 +1,7 @@
 // The string objects that the library has given out: blocks of text, each known by its own address. Safe from
 // several threads; one string is for one thread at a time.
-#ifndef ZARNEK_DEVKIT_STRINGTABLE_H
-#define ZARNEK_DEVKIT_STRINGTABLE_H
+#ifndef ZARNEK_DEVKIT_MORLAN_STRINGTABLE_H
+#define ZARNEK_DEVKIT_MORLAN_STRINGTABLE_H
 
 #include <cstddef>
 #include <deque>
@@ -9,6 +9,9 @@
 #include <memory>
 #include <mutex>
 #include <string_view>
+
+namespace morlan
+{
 
 class StringTable
 {
@@ -35,5 +38,7 @@ class StringTable
     // not hit the new string of another thread.
     std::deque<Block> m_resting;
 };
+
+} // namespace morlan
 
 #endif

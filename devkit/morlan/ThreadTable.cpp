@@ -4,6 +4,9 @@
 #include <system_error>
 #include <thread>
 
+namespace morlan
+{
+
 namespace
 {
 
@@ -161,3 +164,5 @@ bool ThreadTable::noneRuns() const
     return std::all_of(m_threads.begin(), m_threads.end(),
                        [](const auto& entry) { return entry.second->ended; });
 }
+
+} // namespace morlan

@@ -1,7 +1,7 @@
 // The threads that the library has started. Their handles stay valid after their end. Safe from several
 // threads.
-#ifndef ZARNEK_DEVKIT_THREADTABLE_H
-#define ZARNEK_DEVKIT_THREADTABLE_H
+#ifndef ZARNEK_DEVKIT_MORLAN_THREADTABLE_H
+#define ZARNEK_DEVKIT_MORLAN_THREADTABLE_H
 
 #include "morlan/WakeSignal.h"
 
@@ -10,6 +10,9 @@
 #include <map>
 #include <memory>
 #include <mutex>
+
+namespace morlan
+{
 
 class ThreadTable
 {
@@ -52,5 +55,7 @@ class ThreadTable
     WakeSignal m_wake;
     bool m_held = false;
 };
+
+} // namespace morlan
 
 #endif

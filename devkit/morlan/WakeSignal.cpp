@@ -2,6 +2,9 @@
 
 #include <csignal>
 
+namespace morlan
+{
+
 namespace
 {
 
@@ -49,3 +52,5 @@ void WakeSignal::send(pthread_t thread) const
 {
     pthread_kill(thread, m_number);
 }
+
+} // namespace morlan

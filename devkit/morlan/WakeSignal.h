@@ -1,9 +1,12 @@
 // Wakes a thread that sleeps in the C library: a real-time signal that nobody else uses, with a handler that
 // does nothing. An interrupted sleep ends, other system calls are restarted. Not synchronised.
-#ifndef ZARNEK_DEVKIT_WAKESIGNAL_H
-#define ZARNEK_DEVKIT_WAKESIGNAL_H
+#ifndef ZARNEK_DEVKIT_MORLAN_WAKESIGNAL_H
+#define ZARNEK_DEVKIT_MORLAN_WAKESIGNAL_H
 
 #include <pthread.h>
+
+namespace morlan
+{
 
 class WakeSignal
 {
@@ -19,5 +22,7 @@ class WakeSignal
   private:
     int m_number = 0;
 };
+
+} // namespace morlan
 
 #endif

@@ -2,17 +2,19 @@
 // and, where it is one of those that show, reports itself to the call sink.
 #include "morlan/exported_calls.h"
 
+#include "common/IniFile.h"
 #include "common/text.h"
-#include "morlan/IniFile.h"
+#include "common/words.h"
 #include "morlan/Morlan.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
 #include <string>
 
+using devkit::IniFile;
 using devkit::quoted;
+using morlan::Morlan;
 
 namespace
 {
@@ -23,7 +25,7 @@ Morlan& library()
 }
 
 // `compose` gives the line; it is asked only when someone listens.
-template <typename Compose>
+template <class Compose>
 void report(Compose compose)
 {
     if (library().callSink.isSet())
@@ -53,10 +55,7 @@ int privateIniValue(const char* section, const char* key, char* buffer, unsigned
     const std::optional<std::string> value = IniFile(*file).value(section, key);
     if (!value)
         return Morlan::FAILED;
-    const std::size_t length = std::min<std::size_t>(value->size(), *size - 1);
-    std::memcpy(buffer, value->data(), length);
-    buffer[length] = '\0';
-    *size = static_cast<unsigned int>(length + 1);
+    *size = static_cast<unsigned int>(devkit::copyText(*value, buffer, *size) + 1);
     return 0;
 }
 

@@ -3,6 +3,9 @@
 #include "morlan/Morlan.h"
 #include "morlan/SdoObject.h"
 
+using morlan::Morlan;
+using morlan::SdoObject;
+
 namespace
 {
 

@@ -9,6 +9,9 @@
 #include <cstring>
 #include <new>
 
+using morlan::Morlan;
+using morlan::SdoObject;
+
 namespace
 {
 

@@ -2,6 +2,16 @@
 
 #include <algorithm>
 
+namespace ral
+{
+
+namespace
+{
+
+constexpr std::size_t MOST_INCOMPLETE = 1000; // kept, so that a host that runs for months stays small
+
+} // namespace
+
 bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Change>& changes)
 {
     if (!object)
@@ -9,6 +19,9 @@ bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Chan
     std::optional<Identity> identity = identityOf(object.get());
     if (!identity) {
         m_incomplete.push_back(object);
+        if (m_incomplete.size() > MOST_INCOMPLETE)
+            m_incomplete.pop_front();
+        ++m_incompleteCount;
         changes.push_back({RAL_CHANGE_INCOMPLETE, nullptr, object});
         return true;
     }
@@ -93,6 +106,7 @@ void ObjectStore::clear()
     m_index.clear();
     m_nodes.clear();
     m_incomplete.clear();
+    m_incompleteCount = 0;
 }
 
 ObjectStore::Node* ObjectStore::find(const void* object) const
@@ -124,3 +138,5 @@ void ObjectStore::removeNode(Node* node, std::vector<Change>& changes)
     m_index.erase(node->identity.text);
     m_nodes.remove_if([node](const Node& other) { return &other == node; });
 }
+
+} // namespace ral

@@ -2,17 +2,21 @@
 //
 // Objects come and are named as SDO objects; what is stored is never changed, only replaced, so that whoever
 // shares one may read it without a lock.
-#ifndef ZARNEK_DEVKIT_OBJECTSTORE_H
-#define ZARNEK_DEVKIT_OBJECTSTORE_H
+#ifndef ZARNEK_DEVKIT_RAL_OBJECTSTORE_H
+#define ZARNEK_DEVKIT_RAL_OBJECTSTORE_H
 
 #include "ral/identity.h"
 #include "ral/ral_inspect.h"
 
+#include <deque>
 #include <list>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
+
+namespace ral
+{
 
 // A stored object as ral_inspect.h shows it.
 struct SnapshotEntry {
@@ -39,7 +43,8 @@ class ObjectStore
 
     // Adds the object, or replaces the properties of the one with its identity. With a parent it moves, or
     // comes, under the parent; without, a new one is at the top and a known one stays where it is. Also false
-    // for a parent that is the object itself or stands below it. An object without an identity is kept apart.
+    // for a parent that is the object itself or stands below it. An object without an identity is counted,
+    // and kept apart until a thousand more have come.
     bool insert(const Sdo& object, const void* parent, std::vector<Change>& changes);
     // Removes the object with all below it, lowest first, and their links.
     bool remove(const void* object, std::vector<Change>& changes);
@@ -49,6 +54,7 @@ class ObjectStore
     // the order of first insertion.
     bool listAssociated(const void* object, unsigned int type, std::vector<Sdo>& found) const;
 
+    unsigned int incomplete() const { return m_incompleteCount; } // came so far
     std::vector<SnapshotEntry> snapshot() const;
     void clear();
 
@@ -67,7 +73,10 @@ class ObjectStore
 
     std::list<Node> m_nodes; // in the order of first insertion
     std::unordered_map<std::string, Node*> m_index;
-    std::vector<Sdo> m_incomplete;
+    std::deque<Sdo> m_incomplete; // the last that came
+    unsigned int m_incompleteCount = 0;
 };
+
+} // namespace ral
 
 #endif

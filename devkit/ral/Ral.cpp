@@ -7,6 +7,9 @@
 #include <memory>
 #include <new>
 
+namespace ral
+{
+
 namespace
 {
 
@@ -32,12 +35,13 @@ Ral::Ral()
 {
 }
 
-// `compose` gives the line up to the status; it is asked only when someone listens.
-template <typename Compose>
-void Ral::report(Compose compose, int status)
+// `compose` gives the line up to the status, and is asked only when someone listens; `remark` follows the
+// status.
+template <class Compose>
+void Ral::report(Compose compose, int status, const std::string& remark)
 {
     if (callSink.isSet())
-        callSink.call((compose() + " = " + std::to_string(status)).c_str());
+        callSink.call((compose() + " = " + std::to_string(status) + remark).c_str());
 }
 
 void Ral::announce(const std::vector<ObjectStore::Change>& changes)
@@ -47,20 +51,24 @@ void Ral::announce(const std::vector<ObjectStore::Change>& changes)
                         static_cast<const void*>(change.after.get()));
 }
 
+// Counts a call and, unless it is to fail by plan, runs `act()` for its status, with the store locked.
+template <class Act>
+int Ral::attempt(const char* call, Act act)
+{
+    if (const auto fault = faults.enter(call))
+        return *fault;
+    const std::lock_guard<std::mutex> storing(m_storing);
+    return act();
+}
+
 int Ral::insertObject(void* object, void* parent)
 {
     const ObjectStore::Sdo inserted = owned(object);
     const ObjectStore::Sdo above = parent == object ? inserted : owned(parent);
     const std::lock_guard<std::mutex> calling(m_calling);
     std::vector<ObjectStore::Change> changes;
-    int status = 0;
-    if (const auto fault = faults.enter("RalInsertObject")) {
-        status = *fault;
-    } else {
-        const std::lock_guard<std::mutex> storing(m_storing);
-        if (!m_store.insert(inserted, parent, changes))
-            status = UNKNOWN;
-    }
+    const int status =
+        attempt("RalInsertObject", [&] { return m_store.insert(inserted, parent, changes) ? 0 : UNKNOWN; });
     announce(changes);
     report(
         [&] {
@@ -75,14 +83,8 @@ int Ral::deleteObject(void* object, int arg1, int arg2)
 {
     const std::lock_guard<std::mutex> calling(m_calling);
     std::vector<ObjectStore::Change> changes;
-    int status = 0;
-    if (const auto fault = faults.enter("RalDeleteObject")) {
-        status = *fault;
-    } else {
-        const std::lock_guard<std::mutex> storing(m_storing);
-        if (!m_store.remove(object, changes))
-            status = UNKNOWN;
-    }
+    const int status =
+        attempt("RalDeleteObject", [&] { return m_store.remove(object, changes) ? 0 : UNKNOWN; });
     announce(changes);
     report(
         [&] {
@@ -96,14 +98,7 @@ int Ral::deleteObject(void* object, int arg1, int arg2)
 int Ral::linkObjects(void* upper, void* lower)
 {
     const std::lock_guard<std::mutex> calling(m_calling);
-    int status = 0;
-    if (const auto fault = faults.enter("RalLinkObjects")) {
-        status = *fault;
-    } else {
-        const std::lock_guard<std::mutex> storing(m_storing);
-        if (!m_store.link(upper, lower))
-            status = UNKNOWN;
-    }
+    const int status = attempt("RalLinkObjects", [&] { return m_store.link(upper, lower) ? 0 : UNKNOWN; });
     report([&] { return "RalLinkObjects(" + describe(upper) + ", " + describe(lower) + ")"; }, status);
     return status;
 }
@@ -111,26 +106,25 @@ int Ral::linkObjects(void* upper, void* lower)
 int Ral::listAssociatedObjects(void* object, unsigned int type, void*** list, unsigned int* count)
 {
     const std::lock_guard<std::mutex> calling(m_calling);
-    int status = 0;
     unsigned int found = 0;
-    if (const auto fault = faults.enter("RalListAssociatedObjects")) {
-        status = *fault;
-    } else if (list == nullptr || count == nullptr) {
-        status = FAILED;
-    } else {
+    const int status = attempt("RalListAssociatedObjects", [&] {
+        if (list == nullptr || count == nullptr)
+            return FAILED;
         *list = nullptr;
         *count = 0;
         std::vector<ObjectStore::Sdo> objects;
-        const std::lock_guard<std::mutex> storing(m_storing);
-        status = m_store.listAssociated(object, type, objects) ? makeList(objects, list, count) : UNKNOWN;
+        if (!m_store.listAssociated(object, type, objects))
+            return UNKNOWN;
+        const int made = makeList(objects, list, count);
         found = *count;
-    }
-    if (callSink.isSet()) {
-        const std::string centre = object == nullptr ? "top" : describe(object);
-        const std::string line = "RalListAssociatedObjects(" + std::to_string(type) + ", of " + centre +
-                                 ") = " + std::to_string(status) + ", " + std::to_string(found) + " objects";
-        callSink.call(line.c_str());
-    }
+        return made;
+    });
+    report(
+        [&] {
+            return "RalListAssociatedObjects(" + std::to_string(type) + ", of " +
+                   (object == nullptr ? "top" : describe(object)) + ")";
+        },
+        status, ", " + std::to_string(found) + " objects");
     return status;
 }
 
@@ -156,20 +150,17 @@ int Ral::makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, un
 int Ral::listFree(void** list, unsigned int count)
 {
     const std::lock_guard<std::mutex> calling(m_calling);
-    int status = 0;
-    if (const auto fault = faults.enter("RalListFree")) {
-        status = *fault;
-    } else {
-        const std::lock_guard<std::mutex> storing(m_storing);
+    const int status = attempt("RalListFree", [&] {
+        if (list == nullptr && count == 0)
+            return 0;
         const auto found = m_lists.find(list);
-        if (found != m_lists.end() && found->second.size() == count) {
-            std::for_each(found->second.begin(), found->second.end(), morlan_sdo_free);
-            m_lists.erase(found);
-            delete[] list;
-        } else if (list != nullptr || count != 0) {
-            status = UNKNOWN;
-        }
-    }
+        if (found == m_lists.end() || found->second.size() != count)
+            return UNKNOWN;
+        std::for_each(found->second.begin(), found->second.end(), morlan_sdo_free);
+        m_lists.erase(found);
+        delete[] list;
+        return 0;
+    });
     report([&] { return "RalListFree(" + std::to_string(count) + ")"; }, status);
     return status;
 }
@@ -187,6 +178,12 @@ int Ral::sendNotification(void* object)
         notificationSink.call(static_cast<const void*>(object));
     report([&] { return "RalSendNotification(" + describeNotification(object) + ")"; }, status);
     return status;
+}
+
+unsigned int Ral::incomplete() const
+{
+    const std::lock_guard<std::mutex> storing(m_storing);
+    return m_store.incomplete();
 }
 
 std::vector<SnapshotEntry> Ral::snapshot() const
@@ -210,3 +207,5 @@ void Ral::reset()
     const std::lock_guard<std::mutex> storing(m_storing);
     m_store.clear();
 }
+
+} // namespace ral

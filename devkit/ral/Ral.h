@@ -1,8 +1,8 @@
 // The data engine behind ral.h: its objects, the lists it has given out, its sinks and its planned failures.
 // Safe from several threads. Calls are done and reported one after the other, so that the sinks hear of them
 // in the order in which they took effect; while a sink runs, the inspection functions stay usable.
-#ifndef ZARNEK_DEVKIT_RAL_H
-#define ZARNEK_DEVKIT_RAL_H
+#ifndef ZARNEK_DEVKIT_RAL_RAL_H
+#define ZARNEK_DEVKIT_RAL_RAL_H
 
 #include "common/FaultPlan.h"
 #include "common/SinkSlot.h"
@@ -13,6 +13,9 @@
 #include <mutex>
 #include <string>
 #include <vector>
+
+namespace ral
+{
 
 class Ral
 {
@@ -33,6 +36,8 @@ class Ral
     int sendNotification(void* object);
 
     std::vector<SnapshotEntry> snapshot() const;
+    // Objects without an identity that have come, also those not kept any more.
+    unsigned int incomplete() const;
     unsigned int liveLists() const;
     // Empties the data engine and takes all sinks, faults and counts back. Lists given out stay valid.
     void reset();
@@ -45,8 +50,10 @@ class Ral
   private:
     Ral();
 
-    template <typename Compose>
-    void report(Compose compose, int status);
+    template <class Act>
+    int attempt(const char* call, Act act);
+    template <class Compose>
+    void report(Compose compose, int status, const std::string& remark = {});
     void announce(const std::vector<ObjectStore::Change>& changes);
     int makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, unsigned int* count);
 
@@ -55,5 +62,7 @@ class Ral
     ObjectStore m_store;
     std::map<void**, std::vector<void*>> m_lists; // what was given out, with the copies in it
 };
+
+} // namespace ral
 
 #endif

@@ -9,6 +9,9 @@
 #include <cstring>
 #include <string_view>
 
+namespace ral
+{
+
 namespace
 {
 
@@ -32,7 +35,7 @@ std::optional<Property> find(const void* object, unsigned int id)
     return std::nullopt;
 }
 
-template <typename Value>
+template <class Value>
 Value read(const Property& property)
 {
     Value value;
@@ -71,12 +74,7 @@ std::string numberText(const Property& property)
 
 std::string bytesText(const Property& property)
 {
-    static constexpr char HEX_DIGITS[] = "0123456789abcdef";
-    std::string result = "0x";
-    const auto* const bytes = static_cast<const unsigned char*>(property.value);
-    for (unsigned int index = 0; index < property.size; ++index)
-        (result += HEX_DIGITS[bytes[index] >> 4]) += HEX_DIGITS[bytes[index] & 0xf];
-    return result;
+    return "0x" + devkit::hex({static_cast<const char*>(property.value), property.size});
 }
 
 std::string valueText(const std::optional<Property>& property)
@@ -133,3 +131,5 @@ std::string describeNotification(const void* object)
         text += ", " + describe(concerned->value);
     return text;
 }
+
+} // namespace ral

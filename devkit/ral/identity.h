@@ -1,10 +1,13 @@
 // What names an SDO object in the data engine: its object type, its vendor layer, and the values of the
 // properties that its nexus lists, in the order of that list.
-#ifndef ZARNEK_DEVKIT_IDENTITY_H
-#define ZARNEK_DEVKIT_IDENTITY_H
+#ifndef ZARNEK_DEVKIT_RAL_IDENTITY_H
+#define ZARNEK_DEVKIT_RAL_IDENTITY_H
 
 #include <optional>
 #include <string>
+
+namespace ral
+{
 
 struct Identity {
     unsigned int type;
@@ -20,5 +23,7 @@ std::optional<Identity> identityOf(const void* object);
 std::string describe(const void* object);
 // A notification: its alert number, and the object that it concerns if it names one.
 std::string describeNotification(const void* object);
+
+} // namespace ral
 
 #endif

@@ -5,6 +5,8 @@
 
 #include "ral/Ral.h"
 
+using ral::Ral;
+
 int RalInsertObject(void* object, void* parent)
 {
     return Ral::instance().insertObject(object, parent);

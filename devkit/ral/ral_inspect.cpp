@@ -1,8 +1,13 @@
 #include "ral/ral_inspect.h"
 
+#include "common/words.h"
 #include "ral/Ral.h"
+#include "ral/identity.h"
 
 #include <new>
+
+using ral::Ral;
+using ral::SnapshotEntry;
 
 struct ral_snapshot {
     std::vector<SnapshotEntry> entries;
@@ -68,6 +73,20 @@ int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index)
 {
     const SnapshotEntry* const entry = entryOf(snapshot, index);
     return entry != nullptr && entry->incomplete ? 1 : 0;
+}
+
+unsigned int ral_incomplete_count()
+{
+    return Ral::instance().incomplete();
+}
+
+size_t ral_object_identity(const void* object, char* buffer, size_t size)
+{
+    const std::optional<ral::Identity> identity = ral::identityOf(object);
+    if (!identity)
+        return 0;
+    devkit::copyText(identity->text, buffer, size);
+    return identity->text.size();
 }
 
 void ral_set_change_sink(ral_change_sink sink, void* context)

@@ -11,12 +11,14 @@
 
 #include "common/devkit_hooks.h"
 
+#include <stddef.h>
+
 #ifdef __cplusplus
 extern "C" {
 #endif
 
 // A copy of all that the data engine holds at one moment, objects in the order of their first insertion.
-// Objects without an identity come last and are marked incomplete.
+// The last thousand objects that came without an identity follow, marked incomplete.
 typedef struct ral_snapshot ral_snapshot;
 
 DEVKIT_EXPORT ral_snapshot* ral_snapshot_create(void);
@@ -33,6 +35,13 @@ DEVKIT_EXPORT int ral_snapshot_link(const ral_snapshot* snapshot, unsigned int i
 DEVKIT_EXPORT unsigned int ral_snapshot_insertions(const ral_snapshot* snapshot, unsigned int index);
 // Nonzero for an object that came without object type or nexus and has no identity.
 DEVKIT_EXPORT int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned int index);
+
+// How many objects came without an identity, those that no snapshot shows any more included.
+DEVKIT_EXPORT unsigned int ral_incomplete_count(void);
+
+// The identity of any SDO object as a text, such as `772/9 24600=0 24810=3`. Copies at most `size` bytes of
+// it, terminator included, and returns its whole length; 0 for an object without an identity, and for null.
+DEVKIT_EXPORT size_t ral_object_identity(const void* object, char* buffer, size_t size);
 
 typedef enum ral_change {
     RAL_CHANGE_INSERTED = 0,  // before is null

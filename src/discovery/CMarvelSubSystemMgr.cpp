@@ -39,18 +39,15 @@ CMarvelSubSystemMgr::CMarvelSubSystemMgr()
         handle = manager->getLibHandleforVendorID(SDO_VIL_NUMBER);
     m_pLil = new (std::nothrow) CMVLibraryInterfaceLayer(SDO_VIL_NUMBER, handle);
     if (m_pLil == nullptr)
-        stg::lout << "ZARNEK:CMarvelSubSystemMgr(): "
-                  << "Failed to create LIL obj " << '\n';
+        stg::message("ZARNEK:CMarvelSubSystemMgr()") << "Failed to create LIL obj " << '\n';
 }
 
 CMarvelSubSystemMgr::~CMarvelSubSystemMgr()
 {
-    static constexpr char LABEL[] = "ZARNEK:CMarvelSubSystemMgr::~CMarvelSubSystemMgr()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CMarvelSubSystemMgr::~CMarvelSubSystemMgr()");
     if (m_pEventManager != nullptr) {
         // The event thread uses the query layer, so it goes first.
-        stg::lout << LABEL << ": "
-                  << "Going to destroy Marvel Event Manager." << '\n';
+        scope.message() << "Going to destroy Marvel Event Manager." << '\n';
         CMarvelEventManager::destroyMe();
     }
     delete m_pLil;
@@ -62,8 +59,8 @@ unsigned int CMarvelSubSystemMgr::initialize()
     const stg::LogScope scope("ZARNEK:CMarvelSubSystemMgr::initialize()");
     m_pEventManager = CMarvelEventManager::getUniqueInstance();
     if (m_pEventManager != nullptr)
-        stg::lout << "ZARNEK:CMarvelSubSystemMgr::CMarvelSubSystemMgr(): " // the constructor's prefix
-                  << "Marvel Event Manager got created successfully." << '\n';
+        stg::message("ZARNEK:CMarvelSubSystemMgr::CMarvelSubSystemMgr()") // the constructor's prefix
+            << "Marvel Event Manager got created successfully." << '\n';
     return stg::STATUS_SUCCESS;
 }
 
@@ -91,9 +88,8 @@ unsigned int CMarvelSubSystemMgr::createParentSDOProxyObj(stg::SDOProxy& proxy, 
 
 unsigned int CMarvelSubSystemMgr::updateSDOProxyObj(stg::SDOProxy& proxy, unsigned int objectType)
 {
-    static constexpr char LABEL[] = "ZARNEK:CMarvelSubSystemMgr::updateSDOProxyObj()";
-    const stg::LogScope scope(LABEL);
-    const auto log = [](const char* text) { stg::lout << LABEL << ": " << text << '\n'; };
+    const stg::LogScope scope("ZARNEK:CMarvelSubSystemMgr::updateSDOProxyObj()");
+    const auto log = [&scope](const char* text) { scope.message() << text << '\n'; };
 
     if (objectType != SDO_OBJTYPE_VIRTUAL_DISK)
         return stg::STATUS_SUCCESS;
@@ -119,8 +115,7 @@ unsigned int CMarvelSubSystemMgr::updateSDOProxyObj(stg::SDOProxy& proxy, unsign
         unsigned int value = stg::NUMBER_UNKNOWN;
         if (proxy.retrieveSpecificProperty(firstDisk, property, &value) == stg::STATUS_SUCCESS &&
             proxy.addSpecificProperty(property, stg::SDO_CODE_U32, &value) == stg::STATUS_FAILURE)
-            stg::lout << LABEL << ": "
-                      << "Failed to add property -> " << property << '\n';
+            scope.message() << "Failed to add property -> " << property << '\n';
     }
     proxy.deleteClonedSDOObj(firstDisk);
     proxy.deleteAssociatedSDOObjects(list, count);

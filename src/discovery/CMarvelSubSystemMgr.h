@@ -21,8 +21,9 @@ class CMarvelSubSystemMgr : public ISubSystemManager
     using ISubSystemManager::discoverController;
     unsigned int discoverController(unsigned int global, unsigned int controller) override;
     unsigned int initialize() override;
-    // For a virtual disk: links it to every physical disk of its controller, takes bus protocol and media
-    // from the first of them, and inserts it again. Other types: 0, nothing done.
+    // For a virtual disk: links it to every physical disk below its parent, takes bus protocol and media from
+    // the first of them, and inserts it again. Where the parent could not be fetched, the disks at the top of
+    // the data engine stand in for those of the controller. Other types: 0, nothing done.
     unsigned int updateSDOProxyObj(stg::SDOProxy& proxy, unsigned int objectType) override;
     // For disks and virtual disks only, others give 1.
     unsigned int createParentSDOProxyObj(stg::SDOProxy& proxy, unsigned int objectType,

@@ -149,8 +149,7 @@ bool ISubSystemManager::discoverDisks(unsigned int global, unsigned int controll
 
 short ISubSystemManager::discover()
 {
-    static constexpr char LABEL[] = "ZARNEK:ISubSystemManager::discover()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:ISubSystemManager::discover()");
 
     const unsigned int count = getTotalNoOfControllers();
     updateQelvoTotalNoOfController(count);
@@ -170,12 +169,10 @@ short ISubSystemManager::discover()
     const short status =
         m_pEventManager != nullptr ? m_pEventManager->instantiate() : static_cast<short>(stg::STATUS_FAILURE);
     if (status != stg::STATUS_SUCCESS)
-        stg::lout << LABEL << ": "
-                  << "Failed to instantiate objects in Event Manager."
-                  << " Not able to process events." << '\n';
+        scope.message() << "Failed to instantiate objects in Event Manager."
+                        << " Not able to process events." << '\n';
     else
-        stg::lout << LABEL << ": "
-                  << "Event Manager got initialized properly." << '\n';
+        scope.message() << "Event Manager got initialized properly." << '\n';
     return status;
 }
 

@@ -5,7 +5,6 @@
 #include "entry/CCommandHandler_Helper.h"
 #include "support/CCriticalSection.h"
 #include "support/CLogger.h"
-#include "support/Distinct.h"
 #include "support/LogScope.h"
 #include "support/Singleton.h"
 #include "support/Status.h"
@@ -49,11 +48,9 @@ bool isMarvellManager(const char* typeName)
 
 CCommandHandler* CCommandHandler::getUniqueInstance()
 {
-    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::getUniqueInstance()";
-    const stg::LogScope scope(LABEL);
-    return stg::uniqueInstance(m_pCommandHandlerInstance, [](const std::bad_alloc& failure) {
-        stg::lout << LABEL << ": "
-                  << "Failed to allocate Memory. " << failure.what() << '\n';
+    const stg::LogScope scope("ZARNEK:CCommandHandler::getUniqueInstance()");
+    return stg::uniqueInstance(m_pCommandHandlerInstance, [&scope](const std::bad_alloc& failure) {
+        scope.message() << "Failed to allocate Memory. " << failure.what() << '\n';
     });
 }
 
@@ -68,22 +65,19 @@ CCommandHandler::CCommandHandler() = default;
 
 CCommandHandler::~CCommandHandler()
 {
-    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::~CCommandHandler()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CCommandHandler::~CCommandHandler()");
 
     CLibraryManager::destroyMe();
     if (CCriticalSection::isZarnekMutex) {
-        stg::lout << LABEL << ": "
-                  << "Destroying Mutex." << '\n';
+        scope.message() << "Destroying Mutex." << '\n';
         CCriticalSection::destroyMutex();
     }
 }
 
 unsigned int CCommandHandler::navigator(unsigned int command, void* input, void** output)
 {
-    static constexpr char LABEL[] = "ZARNEK:CCommandHandler:navigator()";
-    stg::LogScope scope(LABEL);
-    const auto log = [](const char* text) { stg::lout << LABEL << ": " << text << '\n'; };
+    stg::LogScope scope("ZARNEK:CCommandHandler:navigator()");
+    const auto log = [&scope](const char* text) { scope.message() << text << '\n'; };
 
     short status = stg::STATUS_SUCCESS;
     switch (command) {
@@ -143,21 +137,18 @@ unsigned int CCommandHandler::navigator(unsigned int command, void* input, void*
 
 short CCommandHandler::initialize()
 {
-    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::initialize()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CCommandHandler::initialize()");
 
     short result = stg::STATUS_SUCCESS;
     m_pLibManager = CLibraryManager::getUniqueInstance();
     if (m_pLibManager == nullptr) {
-        stg::lout
-            << LABEL << ": "
+        scope.message()
             << "Failed to create instance of Library Manager. SubSystemManager has NOT been instantiated."
             << '\n';
         result = stg::STATUS_FAILURE;
     } else if (m_pLibManager->initializeLibrary() != stg::STATUS_SUCCESS) {
-        stg::lout << LABEL << ": "
-                  << "Failed to initialize Library Manager. SubSystemManager has NOT been instantiated."
-                  << '\n';
+        scope.message() << "Failed to initialize Library Manager. SubSystemManager has NOT been instantiated."
+                        << '\n';
         result = stg::STATUS_FAILURE;
     } else {
         try {
@@ -168,22 +159,19 @@ short CCommandHandler::initialize()
             // By reference: a copied helper has no factory.
             std::for_each(libraries->begin(), libraries->end(), std::ref(createManager));
         } catch (const std::bad_alloc& failure) {
-            stg::lout << LABEL << ": "
-                      << "Failed to allocate memory for CSubSystemFactory. " << failure.what() << '\n';
+            scope.message() << "Failed to allocate memory for CSubSystemFactory. " << failure.what() << '\n';
             result = stg::STATUS_FAILURE;
         }
     }
 
-    for (ISubSystemManager* manager : managers())
-        manager->initialize();
+    forEachManager([](ISubSystemManager& manager) { manager.initialize(); });
     return result;
 }
 
 short CCommandHandler::startMonitoring()
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::startMonitoring()");
-    for (ISubSystemManager* manager : managers())
-        manager->startProcessingEvents();
+    forEachManager([](ISubSystemManager& manager) { manager.startProcessingEvents(); });
     return stg::STATUS_SUCCESS;
 }
 
@@ -195,8 +183,7 @@ short CCommandHandler::discoverAllControllers(unsigned int globalNumber, unsigne
     stg::lout << MESSAGE << "Global Controller Number received from VAL Layer = " << globalNumber << '\n';
     m_gValGlobalCntrlNumber = globalNumber;
     m_gQelvoGlobalCntrlNumber = globalNumber;
-    for (ISubSystemManager* manager : managers())
-        manager->discover();
+    forEachManager([](ISubSystemManager& manager) { manager.discover(); });
     *total = m_gQelvoTotalCntrlNumber;
     stg::lout << MESSAGE << "Total Controller Count = " << *total << '\n';
     return stg::STATUS_SUCCESS;
@@ -209,12 +196,12 @@ short CCommandHandler::destroyAllResources()
     return stg::STATUS_SUCCESS;
 }
 
-std::vector<ISubSystemManager*> CCommandHandler::managers() const
+template <class Operation>
+void CCommandHandler::forEachManager(Operation operation)
 {
-    std::vector<ISubSystemManager*> present;
-    std::copy_if(m_SubSystemMgrVector.begin(), m_SubSystemMgrVector.end(), std::back_inserter(present),
-                 [](const ISubSystemManager* manager) { return manager != nullptr; });
-    return present;
+    for (ISubSystemManager* manager : m_SubSystemMgrVector)
+        if (manager != nullptr)
+            operation(*manager);
 }
 
 void CCommandHandler::insertIntoVector(ISubSystemManager* manager)
@@ -224,15 +211,12 @@ void CCommandHandler::insertIntoVector(ISubSystemManager* manager)
 
 void CCommandHandler::removeSubSystemMgr(ISubSystemManager*& manager)
 {
-    static constexpr char LABEL[] = "ZARNEK:CCommandHandler::removeSubSystemMgr()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CCommandHandler::removeSubSystemMgr()");
 
     const char* typeName = typeNameOf(manager);
-    stg::lout << LABEL << ": "
-              << "SubSystem Manager Name => " << typeName << '\n';
+    scope.message() << "SubSystem Manager Name => " << typeName << '\n';
     if (isMarvellManager(typeName)) {
-        stg::lout << LABEL << ": "
-                  << "Destroying CMarvelSubSystemMgr." << '\n';
+        scope.message() << "Destroying CMarvelSubSystemMgr." << '\n';
         CMarvelSubSystemMgr::destroyMe();
     }
 }
@@ -246,10 +230,11 @@ void CCommandHandler::deleteAllElementsFromVector()
 
     // A manager that stands in the list more than once, after a repeated initialise, dies at its first place;
     // its other places must not be followed then.
-    std::vector<ISubSystemManager*> distinct;
-    for (ISubSystemManager* manager : m_SubSystemMgrVector)
-        stg::appendDistinct(distinct, manager);
-    std::for_each(distinct.begin(), distinct.end(), stg::CCommandHandler_Helper(true));
+    const auto first = m_SubSystemMgrVector.begin();
+    for (auto place = m_SubSystemMgrVector.end(); place-- != first;)
+        if (std::find(first, place, *place) != place)
+            *place = nullptr;
+    std::for_each(first, m_SubSystemMgrVector.end(), stg::CCommandHandler_Helper(true));
     m_SubSystemMgrVector.clear();
 }
 
@@ -290,10 +275,12 @@ void CCommandHandler::insertIntoMap(std::pair<unsigned int, ISubSystemManager*> 
 void CCommandHandler::deleteAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CCommandHandler::deleteAllElementsFromMap()");
-    // Each deletion erases elements, so the walk is over a copy; an element that went already is not found.
-    const std::map<unsigned int, ISubSystemManager*> elements = m_ControllerSubSystemMap;
-    for (const auto& element : elements)
-        deleteFromMap(element);
+    // A deletion erases all elements of its manager, so each step looks for the next that is left.
+    for (auto element = m_ControllerSubSystemMap.begin(); element != m_ControllerSubSystemMap.end();) {
+        const unsigned int cntrlId = element->first;
+        deleteFromMap(*element);
+        element = m_ControllerSubSystemMap.upper_bound(cntrlId);
+    }
     m_ControllerSubSystemMap.clear();
 }
 

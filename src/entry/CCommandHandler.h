@@ -73,8 +73,9 @@ class CCommandHandler
     static unsigned int m_gQelvoTotalCntrlNumber;
 
   private:
-    // The list's managers, from first to last, without the nulls that a failed allocation leaves there.
-    std::vector<ISubSystemManager*> managers() const;
+    // Calls an operation on each manager, from first to last; a failed allocation leaves nulls in the list.
+    template <class Operation>
+    void forEachManager(Operation operation);
     static void eraseFromMap(unsigned int cntrlId);
 
     CLibraryManager* m_pLibManager = nullptr;

@@ -8,13 +8,11 @@
 extern "C" __attribute__((visibility("default"))) unsigned int
 libpld_sm_zarnek_entry(unsigned int command, void* input, void** output)
 {
-    static constexpr char LABEL[] = "ZARNEK:pld_sm_zarnek_entry()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:pld_sm_zarnek_entry()");
 
     unsigned int status = CCommandHandler::getUniqueInstance()->navigator(command, input, output);
     if (status == ZARNEK_STATUS_DONE && command == ZARNEK_CMD_TERMINATE) {
-        stg::lout << LABEL << ": "
-                  << "Releasing CCommand Handler Instance and Going to Terminate The Process." << '\n';
+        scope.message() << "Releasing CCommand Handler Instance and Going to Terminate The Process." << '\n';
         status = static_cast<unsigned int>(CCommandHandler::destroyMe());
     }
     return status;

@@ -19,29 +19,31 @@ constexpr char CONTROL_NOTIFY[] = "m_ControlNotify";
 } // namespace
 
 struct CAlert::Attributes {
-    static constexpr std::array ROWS = {
-        ZARNEK_ATTRIBUTE(CAlert, m_AlertNumber, setAlertNumber, TAG_UNSIGNED_INTEGER, SSPROP_ALERTNUMBER_U32),
-        ZARNEK_ATTRIBUTE(CAlert, m_NotifyType, setNotifyType, TAG_UNSIGNED_INTEGER, SSPROP_NOTIFYTYPE_U32),
-        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr01, setReplacementStr01, TAG_STDSTR,
-                         SSPROP_REPLACEMENTSTR01_ASTRING),
-        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr02, setReplacementStr02, TAG_STDSTR,
-                         SSPROP_REPLACEMENTSTR02_ASTRING),
-        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr03, setReplacementStr03, TAG_STDSTR,
-                         SSPROP_REPLACEMENTSTR03_ASTRING),
-        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr04, setReplacementStr04, TAG_STDSTR,
-                         SSPROP_REPLACEMENTSTR04_ASTRING),
-        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr05, setReplacementStr05, TAG_STDSTR,
-                         SSPROP_REPLACEMENTSTR05_ASTRING),
-        ZARNEK_ATTRIBUTE(CAlert, m_ReplacementStr06, setReplacementStr06, TAG_STDSTR,
-                         SSPROP_REPLACEMENTSTR06_ASTRING),
-    };
+    using Owner = CAlert;
 
-    template <auto Field, class Value>
-    static void store(CAlert& object, Value value)
-    {
-        stg::attributes::store<Attributes, Field>(object, std::move(value), &CAlert::insertIntoAttribValMap);
-    }
+    static constexpr auto ROWS = stg::attributes::tableOf<Owner>(
+        ZARNEK_ATTRIBUTE(m_AlertNumber, setAlertNumber, TAG_UNSIGNED_INTEGER, SSPROP_ALERTNUMBER_U32),
+        ZARNEK_ATTRIBUTE(m_NotifyType, setNotifyType, TAG_UNSIGNED_INTEGER, SSPROP_NOTIFYTYPE_U32),
+        ZARNEK_ATTRIBUTE(m_ReplacementStr01, setReplacementStr01, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR01_ASTRING),
+        ZARNEK_ATTRIBUTE(m_ReplacementStr02, setReplacementStr02, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR02_ASTRING),
+        ZARNEK_ATTRIBUTE(m_ReplacementStr03, setReplacementStr03, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR03_ASTRING),
+        ZARNEK_ATTRIBUTE(m_ReplacementStr04, setReplacementStr04, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR04_ASTRING),
+        ZARNEK_ATTRIBUTE(m_ReplacementStr05, setReplacementStr05, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR05_ASTRING),
+        ZARNEK_ATTRIBUTE(m_ReplacementStr06, setReplacementStr06, TAG_STDSTR,
+                         SSPROP_REPLACEMENTSTR06_ASTRING));
+    static_assert(stg::attributes::isSound(ROWS, 8));
 };
+
+template <auto Field, class Value>
+void CAlert::set(Value value)
+{
+    stg::attributes::store<Attributes, Field>(*this, std::move(value), &CAlert::insertIntoAttribValMap);
+}
 
 CAlert::CAlert()
 {
@@ -50,7 +52,6 @@ CAlert::CAlert()
 
 CAlert::CAlert(const CAlert& copyObj) : m_bHasEventSeqNum(copyObj.m_bHasEventSeqNum)
 {
-    static_assert(stg::attributes::isSound(Attributes::ROWS, 8));
     const stg::LogScope scope("ZARNEK:CAlert:CAlert( const CAlert& copyObj )");
     copyAttributes(copyObj);
     attribNameAndTypeMapInit();
@@ -82,16 +83,6 @@ void CAlert::attribNameAndTypeMapInit()
     m_bIsAttribNameAndTypeMap = true;
 }
 
-void CAlert::setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId)
-{
-    stg::attributes::setKeyValPair(m_AlertAttribNameTypeMap, std::move(name), std::move(typeTag), propertyId);
-}
-
-void CAlert::insertIntoAttribValMap(std::string name, void* value)
-{
-    stg::attributes::insert(m_AttribValMap, std::move(name), value);
-}
-
 void CAlert::updateAttribValMap(std::string name, void* value)
 {
     const stg::LogScope scope("ZARNEK:CAlert:updateAttribValMap()", "ZARNEK:CAlert::updateAttribValMap()");
@@ -102,51 +93,6 @@ void CAlert::deleteFromMap(std::string name)
 {
     const stg::LogScope scope("ZARNEK:CAlert:deleteFromMap()", "ZARNEK:CAlert::deleteFromMap()");
     stg::attributes::remove(m_AttribValMap, name);
-}
-
-void CAlert::deleteFromMap(std::pair<std::string, void*> entry)
-{
-    deleteFromMap(entry.first);
-}
-
-void CAlert::setAlertNumber(unsigned int value)
-{
-    Attributes::store<&CAlert::m_AlertNumber>(*this, value);
-}
-
-void CAlert::setNotifyType(unsigned int value)
-{
-    Attributes::store<&CAlert::m_NotifyType>(*this, value);
-}
-
-void CAlert::setReplacementStr01(std::string value)
-{
-    Attributes::store<&CAlert::m_ReplacementStr01>(*this, std::move(value));
-}
-
-void CAlert::setReplacementStr02(std::string value)
-{
-    Attributes::store<&CAlert::m_ReplacementStr02>(*this, std::move(value));
-}
-
-void CAlert::setReplacementStr03(std::string value)
-{
-    Attributes::store<&CAlert::m_ReplacementStr03>(*this, std::move(value));
-}
-
-void CAlert::setReplacementStr04(std::string value)
-{
-    Attributes::store<&CAlert::m_ReplacementStr04>(*this, std::move(value));
-}
-
-void CAlert::setReplacementStr05(std::string value)
-{
-    Attributes::store<&CAlert::m_ReplacementStr05>(*this, std::move(value));
-}
-
-void CAlert::setReplacementStr06(std::string value)
-{
-    Attributes::store<&CAlert::m_ReplacementStr06>(*this, std::move(value));
 }
 
 CAlert& CAlert::operator=(void* /*binder*/)

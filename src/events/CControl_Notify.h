@@ -1,7 +1,7 @@
 #ifndef ZARNEK_EVENTS_CCONTROL_NOTIFY_H
 #define ZARNEK_EVENTS_CCONTROL_NOTIFY_H
 
-#include "model/SAttribTypeProp.h"
+#include "model/AttributeStore.h"
 #include "support/Status.h"
 
 #include <string>
@@ -21,36 +21,49 @@ class CControl_Notify
     void copyAttributes(const CControl_Notify& other);
 
     unsigned int getGlobalControllerNumber() const { return m_globalControllerNumber; }
-    void setGlobalControllerNumber(unsigned int value);
+    void setGlobalControllerNumber(unsigned int value) { set<&Self::m_globalControllerNumber>(value); }
     unsigned int getControllerID() const { return m_CntrlID; }
-    void setControllerID(unsigned int value);
+    void setControllerID(unsigned int value) { set<&Self::m_CntrlID>(value); }
     unsigned int getObjType() const { return m_ObjType; }
-    void setObjType(unsigned int value);
+    void setObjType(unsigned int value) { set<&Self::m_ObjType>(value); }
     unsigned int getDevID() const { return m_DevID; }
-    void setDevID(unsigned int value);
+    void setDevID(unsigned int value) { set<&Self::m_DevID>(value); }
     unsigned int getVILNumber() const { return m_VILNumber; }
-    void setVILNumber(unsigned int value);
+    void setVILNumber(unsigned int value) { set<&Self::m_VILNumber>(value); }
     unsigned int getAttributeMask() const { return m_AttributeMask; }
-    void setAttributeMask(unsigned int value);
+    void setAttributeMask(unsigned int value) { set<&Self::m_AttributeMask>(value); }
     unsigned int getMasterMethodMask() const { return m_MasterMethodMask; }
-    void setMasterMethodMask(unsigned int value);
+    void setMasterMethodMask(unsigned int value) { set<&Self::m_MasterMethodMask>(value); }
     unsigned int getCurrentMethodMask() const { return m_CurrentMethodMask; }
-    void setCurrentMethodMask(unsigned int value);
+    void setCurrentMethodMask(unsigned int value) { set<&Self::m_CurrentMethodMask>(value); }
     std::vector<unsigned int>& getNexus() { return m_Nexus; }
-    void setNexus(std::vector<unsigned int> value);
+    void setNexus(std::vector<unsigned int> value) { set<&Self::m_Nexus>(std::move(value)); }
 
     // The attributes set on this object, and the table of all attributes, shared by all alerts.
     stg::AttribValMap* getAttribValueMap() { return &m_AttribValMap; }
     static stg::AttribTypeMap& getAttribNameAndType() { return m_ControlNotifyAttribNameTypeMap; }
     static void attribNameAndTypeMapInit();
-    static void setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId);
-    void insertIntoAttribValMap(std::string name, void* value);
+    static void setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId)
+    {
+        stg::attributes::setKeyValPair(m_ControlNotifyAttribNameTypeMap, std::move(name), std::move(typeTag),
+                                       propertyId);
+    }
+    void insertIntoAttribValMap(std::string name, void* value)
+    {
+        stg::attributes::insert(m_AttribValMap, std::move(name), value);
+    }
     void updateAttribValMap(std::string name, void* value);
     void deleteFromMap(std::string name);
-    void deleteFromMap(std::pair<std::string, void*> entry);
+    void deleteFromMap(std::pair<std::string, void*> entry) { deleteFromMap(entry.first); }
 
   private:
     struct Attributes;
+    using Self = CControl_Notify;
+
+    // Stores the value and enters the field in the value map under the name that its row has. Compiled in the
+    // source, where the rows are, for all setters there are.
+    template <auto Field, class Value>
+    [[gnu::used]] void set(Value value);
 
     unsigned int m_globalControllerNumber = stg::NUMBER_UNKNOWN;
     unsigned int m_CntrlID = stg::NUMBER_UNKNOWN;   // the vendor's adapter index

@@ -30,9 +30,9 @@ bool CEventManager_Helper::operator()(Thread& threadObj)
     }
     threadObj.stopThread();
     if (m_pEvtMgr == nullptr) {
-        stg::lout << "ZARNEK:CEventManager_Helper::operator () ( Thread& threadObj ): "
-                  << "Event Manager Pointer is missing. "
-                  << "Not able to delete Event Subject from Thread Object." << '\n';
+        stg::message("ZARNEK:CEventManager_Helper::operator () ( Thread& threadObj )")
+            << "Event Manager Pointer is missing. "
+            << "Not able to delete Event Subject from Thread Object." << '\n';
         return false;
     }
     return m_pEvtMgr->deleteSubjectFromThread(threadObj) != stg::STATUS_SUCCESS;

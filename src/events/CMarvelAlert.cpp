@@ -6,13 +6,6 @@
 
 #include <sdo.h>
 
-namespace
-{
-
-constexpr unsigned int NOTIFY_TYPE = 3070; // the same for every alert
-
-} // namespace
-
 CMarvelAlert::CMarvelAlert() = default;
 
 CMarvelAlert::CMarvelAlert(const CMarvelAlert& other) : CAlert()
@@ -36,7 +29,7 @@ CMarvelAlert& CMarvelAlert::operator=(void* binder)
     notify.setMasterMethodMask(0);
     notify.setCurrentMethodMask(0);
     notify.setVILNumber(SDO_VIL_NUMBER);
-    setNotifyType(NOTIFY_TYPE);
+    setNotifyType(SDO_NOTIFYTYPE_ALERT);
     if (records.infoHelper != nullptr) {
         notify.setGlobalControllerNumber(records.infoHelper->globalCntrlNum);
         notify.setControllerID(records.infoHelper->cntrlId);

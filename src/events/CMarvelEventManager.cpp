@@ -9,6 +9,8 @@
 #include "support/Status.h"
 #include "vendor/IniAccess.h"
 
+#include <zarnek_ini.h>
+
 #include <new>
 
 CMarvelEventManager* CMarvelEventManager::m_pMarvelEvtMgrInstance = nullptr;
@@ -18,16 +20,16 @@ namespace
 {
 
 // Writes the number of the last alert if it grew.
-void keepSequenceNumber(const char* label)
+void keepSequenceNumber(const stg::LogScope& scope)
 {
     const unsigned int number = CMarvelEvtObserver::m_CurEventSeqNum;
     if (number <= CMarvelEventManager::m_PrevEventSeqNum)
         return;
-    const int status = stg::writeToIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION,
-                                                     stg::SEQUENCE_KEY, number);
+    const int status =
+        stg::writeToIniFileAgainstKey(INI_ALERT_MAPPING_FILE, INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY, number);
     if (static_cast<short>(status) == stg::STATUS_SUCCESS && number != stg::NUMBER_UNKNOWN)
-        stg::lout << label << ": " << stg::ALERT_MAPPING_FILE
-                  << " File has been modified with the new Event Sequence Number: " << number << '\n';
+        scope.message() << INI_ALERT_MAPPING_FILE
+                        << " File has been modified with the new Event Sequence Number: " << number << '\n';
 }
 
 } // namespace
@@ -36,8 +38,8 @@ CMarvelEventManager* CMarvelEventManager::getUniqueInstance()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEventManager::getUniqueInstance()");
     return stg::uniqueInstance(m_pMarvelEvtMgrInstance, [](const std::bad_alloc& failure) {
-        stg::lout << "ZARNEK:CCommandHandler::getUniqueInstance(): " /* names the command handler */
-                  << "Failed to allocate Memory. " << failure.what() << '\n';
+        stg::message("ZARNEK:CCommandHandler::getUniqueInstance()") /* names the command handler */
+            << "Failed to allocate Memory. " << failure.what() << '\n';
     });
 }
 
@@ -62,13 +64,12 @@ CMarvelEventManager& CMarvelEventManager::operator=(const CMarvelEventManager& /
 
 CMarvelEventManager::~CMarvelEventManager()
 {
-    static constexpr char LABEL[] = "ZARNEK:CMarvelEventManager::~CMarvelEventManager()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::~CMarvelEventManager()");
 
     destroyAllThread();
     m_pLilObj = nullptr;
     try {
-        keepSequenceNumber(LABEL);
+        keepSequenceNumber(scope);
     } catch (const std::bad_alloc&) { // it stays as it was, which is no reason to end the host
     }
     CMarvelEvtObserver::destroyMe();
@@ -85,25 +86,22 @@ void CMarvelEventManager::doEvtMgrSpecificOperation()
 {
     const stg::LogScope scope("ZARNEK:CMarvelEventManager::doEvtMgrSpecificOperation()");
     m_PrevEventSeqNum = static_cast<unsigned int>(
-        stg::readFromIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION, stg::SEQUENCE_KEY));
-    stg::lout << "ZARNEK:CMarvelEventManager::CMarvelEventManager(): " // names the constructor
-              << "Previous Marvel Event Sequence Number: " << m_PrevEventSeqNum << '\n';
+        stg::readFromIniFileAgainstKey(INI_ALERT_MAPPING_FILE, INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY));
+    stg::message("ZARNEK:CMarvelEventManager::CMarvelEventManager()") // names the constructor
+        << "Previous Marvel Event Sequence Number: " << m_PrevEventSeqNum << '\n';
 }
 
 short CMarvelEventManager::createEventSubject(IEvtSubject*& subject)
 {
-    static constexpr char LABEL[] = "ZARNEK:CMarvelEventManager::createEventSubject()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CMarvelEventManager::createEventSubject()");
 
     subject = new (std::nothrow) CMarvelEvtSubject(m_CntrlIdList);
     if (subject == nullptr) {
-        stg::lout << LABEL << ": "
-                  << "Failed to instantiate Event Subject." << '\n';
+        scope.message() << "Failed to instantiate Event Subject." << '\n';
         return stg::STATUS_FAILURE;
     }
-    stg::lout << LABEL << ": "
-              << "Event Subject has been instantiated successfully. "
-              << "Event Subject ID: " << subject->getSubjectID() << '\n';
+    scope.message() << "Event Subject has been instantiated successfully. "
+                    << "Event Subject ID: " << subject->getSubjectID() << '\n';
     return stg::STATUS_SUCCESS;
 }
 

@@ -4,7 +4,7 @@
 #include "discovery/CMarvelSubSystemMgr.h"
 #include "discovery/CPDDiscovery.h"
 #include "discovery/CVDDiscovery.h"
-#include "events/AlertNumber.h"
+#include "events/AlertAction.h"
 #include "events/CAlert.h"
 #include "events/CMarvelEventManager.h"
 #include "events/IEvtSubject.h"
@@ -15,6 +15,7 @@
 #include "vendor/IniAccess.h"
 
 #include <sdo.h>
+#include <zarnek_ini.h>
 
 #include <new>
 
@@ -29,11 +30,11 @@ const char* sectionOf(unsigned int objType)
 {
     switch (objType) {
     case SDO_OBJTYPE_PHYSICAL_DISK:
-        return "PhysicalDevice";
+        return INI_PHYSICAL_DISK_SECTION;
     case SDO_OBJTYPE_VIRTUAL_DISK:
-        return "VirtualDevice";
+        return INI_VIRTUAL_DISK_SECTION;
     case SDO_OBJTYPE_CONTROLLER:
-        return "Adapter";
+        return INI_ADAPTER_SECTION;
     default:
         return nullptr;
     }
@@ -76,35 +77,31 @@ void CMarvelEvtObserver::getAssociatedWith(IEvtSubject* subject, short (*callbac
 
 short CMarvelEvtObserver::processAlert(CAlert* alert)
 {
-    static constexpr char LABEL[] = "ZARNEK:CMarvelEvtObserver::processAlert()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CMarvelEvtObserver::processAlert()");
 
     const unsigned int code = alert->getAlertNumber(); // still the vendor's
     const char* const section = sectionOf(alert->getControlNotify().getObjType());
     unsigned int mapped = stg::NUMBER_UNKNOWN;
     if (section != nullptr)
         mapped =
-            static_cast<unsigned int>(stg::readFromIniFileAgainstKey(stg::ALERT_MAPPING_FILE, section, code));
+            static_cast<unsigned int>(stg::readFromIniFileAgainstKey(INI_ALERT_MAPPING_FILE, section, code));
     else
-        stg::lout << LABEL << ": "
-                  << "Object Type is not matching. Not able to process alert." << '\n';
-    if (mapped < stg::FIRST_ALERT_NUMBER || mapped == stg::NUMBER_UNKNOWN) {
-        stg::lout << LABEL << ": "
-                  << "Couldn't map Marvel Event Code: " << code << " with VRAX Alert Code in "
-                  << stg::ALERT_MAPPING_FILE << " File." << '\n';
+        scope.message() << "Object Type is not matching. Not able to process alert." << '\n';
+    if (mapped < INI_FIRST_ALERT_NUMBER || mapped == stg::NUMBER_UNKNOWN) {
+        scope.message() << "Couldn't map Marvel Event Code: " << code << " with VRAX Alert Code in "
+                        << INI_ALERT_MAPPING_FILE << " File." << '\n';
         return stg::STATUS_FAILURE;
     }
     if (!alert->m_bHasEventSeqNum) {
-        stg::lout << LABEL << ": "
-                  << "Event Sequence Number is missing. Not able to process this alert." << '\n';
+        scope.message() << "Event Sequence Number is missing. Not able to process this alert." << '\n';
         return stg::STATUS_FAILURE;
     }
     const unsigned int sequence = alert->getEventSeqNum();
     if (sequence <= CMarvelEventManager::m_PrevEventSeqNum || sequence == stg::NUMBER_UNKNOWN) {
-        stg::lout << LABEL << ": "
-                  << "Alert Sequence Number: " << sequence
-                  << " is not greater than the Sequence Number mentioned in MarvelAlertMapping.ini File. "
-                  << "Not processing this Alert." << '\n';
+        scope.message()
+            << "Alert Sequence Number: " << sequence
+            << " is not greater than the Sequence Number mentioned in MarvelAlertMapping.ini File. "
+            << "Not processing this Alert." << '\n';
         return stg::STATUS_FAILURE;
     }
 
@@ -119,8 +116,7 @@ short CMarvelEvtObserver::processAlert(CAlert* alert)
 void CMarvelEvtObserver::createNexus(unsigned int objType, stg::AttribTypeMap& attribTypes,
                                      std::vector<unsigned int>& nexus)
 {
-    static constexpr char LABEL[] = "ZARNEK:CMarvelEvtObserver::createNexus()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CMarvelEvtObserver::createNexus()");
 
     unsigned int deviceProperty = SSPROP_NONE;
     switch (objType) {
@@ -134,9 +130,8 @@ void CMarvelEvtObserver::createNexus(unsigned int objType, stg::AttribTypeMap& a
         deviceProperty = SSPROP_LOGICALDRIVENUM_U32;
         break;
     default:
-        stg::lout << LABEL << ": "
-                  << "Object Type didn't match. Not able to create Nexus for the Object Type: " << objType
-                  << '\n';
+        scope.message() << "Object Type didn't match. Not able to create Nexus for the Object Type: "
+                        << objType << '\n';
         return;
     }
     const auto deviceRow = attribTypes.find("m_DevID");
@@ -152,50 +147,42 @@ short CMarvelEvtObserver::generateActionCommand(unsigned int alert, unsigned int
                                                 unsigned int globalNum, unsigned int cntrlId,
                                                 unsigned int devId)
 {
-    static constexpr char LABEL[] = "ZARNEK:IEvtObserver::generateActionCommand()"; // names the base class
-    const stg::LogScope scope(LABEL);
-    stg::lout << LABEL << ": "
-              << "Checking if any action is required for VRAX Alert Number: " << alert << '\n';
+    const stg::LogScope scope("ZARNEK:IEvtObserver::generateActionCommand()"); // names the base class
+    scope.message() << "Checking if any action is required for VRAX Alert Number: " << alert << '\n';
 
-    const auto discoverDisks = [&] {
-        CPDDiscovery command(CMarvelSubSystemMgr::getUniqueInstance(), &ISubSystemManager::discoverAllPDs);
-        command.setArguments(globalNum, cntrlId, stg::NUMBER_UNKNOWN);
+    const stg::AlertAction* const action = stg::actionOf(alert);
+    if (action == nullptr) {
+        scope.message() << "Not required to take any action for VRAX Alert Number: " << alert << '\n';
+        return stg::STATUS_FAILURE;
+    }
+    const auto dispatch = [&](auto&& command, auto... device) {
+        command.setArguments(globalNum, cntrlId, device...);
         dispatchCommand(command);
     };
-    const auto discoverOneDisk = [&] {
-        CPDDiscovery command(CMarvelSubSystemMgr::getUniqueInstance(), &ISubSystemManager::discoverPD);
-        command.setArguments(globalNum, cntrlId, devId);
-        dispatchCommand(command);
-    };
-    const auto discoverDrives = [&] {
-        CVDDiscovery command(CMarvelSubSystemMgr::getUniqueInstance(), &ISubSystemManager::discoverAllVDs);
-        command.setArguments(globalNum, cntrlId, stg::NUMBER_UNKNOWN);
-        dispatchCommand(command);
-    };
-    const auto discoverController = [&] {
-        CControllerDiscovery command(
-            CMarvelSubSystemMgr::getUniqueInstance(),
-            static_cast<ISubSystemManager::twoArgsActionPtr>(&ISubSystemManager::discover));
-        command.setArguments(globalNum, cntrlId);
-        dispatchCommand(command);
-    };
-
-    switch (stg::actionOf(alert)) {
-    case stg::AlertAction::OneDiskAndDrives:
-        discoverOneDisk();
-        discoverDrives();
-        break;
-    case stg::AlertAction::DisksAndDrives:
-        discoverDisks();
-        discoverDrives();
-        break;
-    case stg::AlertAction::Controller:
-        discoverController();
-        break;
-    case stg::AlertAction::None:
-        stg::lout << LABEL << ": "
-                  << "Not required to take any action for VRAX Alert Number: " << alert << '\n';
-        break;
+    for (const stg::AlertStep step : action->steps) {
+        switch (step) {
+        case stg::AlertStep::OneDisk:
+            dispatch(CPDDiscovery(CMarvelSubSystemMgr::getUniqueInstance(), &ISubSystemManager::discoverPD),
+                     devId);
+            break;
+        case stg::AlertStep::AllDisks:
+            dispatch(
+                CPDDiscovery(CMarvelSubSystemMgr::getUniqueInstance(), &ISubSystemManager::discoverAllPDs),
+                stg::NUMBER_UNKNOWN);
+            break;
+        case stg::AlertStep::AllDrives:
+            dispatch(
+                CVDDiscovery(CMarvelSubSystemMgr::getUniqueInstance(), &ISubSystemManager::discoverAllVDs),
+                stg::NUMBER_UNKNOWN);
+            break;
+        case stg::AlertStep::Controller:
+            dispatch(CControllerDiscovery(
+                CMarvelSubSystemMgr::getUniqueInstance(),
+                static_cast<ISubSystemManager::twoArgsActionPtr>(&ISubSystemManager::discover)));
+            break;
+        case stg::AlertStep::None:
+            break;
+        }
     }
     return stg::STATUS_FAILURE;
 }

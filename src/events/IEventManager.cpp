@@ -25,12 +25,10 @@ IEventManager::~IEventManager()
 
 void IEventManager::processAllEvent()
 {
-    static constexpr char LABEL[] = "ZARNEK:IEventManager::processAllEvent()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:IEventManager::processAllEvent()");
     if (m_ThreadVector.empty()) {
-        stg::lout << LABEL << ": "
-                  << "There is no Thread instance available in the Vector. "
-                  << "Not able to proceed further." << '\n';
+        scope.message() << "There is no Thread instance available in the Vector. "
+                        << "Not able to proceed further." << '\n';
         return;
     }
     std::for_each(m_ThreadVector.begin(), m_ThreadVector.end(), processEvent);
@@ -38,31 +36,27 @@ void IEventManager::processAllEvent()
 
 short IEventManager::instantiate()
 {
-    static constexpr char LABEL[] = "ZARNEK:IEventManager::instantiate()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:IEventManager::instantiate()");
 
     setLilObjPtr();
     doEvtMgrSpecificOperation();
     IEvtSubject* subject = nullptr;
     short status = createEventSubject(subject);
     if (status != stg::STATUS_SUCCESS || subject == nullptr) {
-        stg::lout << LABEL << ": "
-                  << "Failed to create Event Subject. "
-                  << "Not proceeding further to create Event Observer and Thread." << '\n';
+        scope.message() << "Failed to create Event Subject. "
+                        << "Not proceeding further to create Event Observer and Thread." << '\n';
         return status;
     }
     status = createEventObserver(subject, takeAction);
     if (status != stg::STATUS_SUCCESS) {
-        stg::lout << LABEL << ": "
-                  << "Failed to create Event Observer. "
-                  << "Not proceeding further to create Event Thread." << '\n';
+        scope.message() << "Failed to create Event Observer. "
+                        << "Not proceeding further to create Event Thread." << '\n';
         return status;
     }
     status = createEventThread(subject, thread_call_back);
     const unsigned int subjectId = subject->getSubjectID();
     if (status != stg::STATUS_SUCCESS)
-        stg::lout << LABEL << ": "
-                  << "Failed to create Event Thread for Subject ID: " << subjectId << '\n';
+        scope.message() << "Failed to create Event Thread for Subject ID: " << subjectId << '\n';
     insertIntoMap(subjectId, m_pObserver);
     return status;
 }
@@ -102,18 +96,16 @@ IEvtSubject* IEventManager::fetchSubjectFromThread(unsigned int subjectId)
 
 short IEventManager::removeObserverFromMap(unsigned int subjectId)
 {
-    static constexpr char LABEL[] = "ZARNEK:IEventManager::removeObserverFromMap()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:IEventManager::removeObserverFromMap()");
     if (fetchSubjectFromThread(subjectId) != nullptr) {
-        stg::lout << LABEL << ": "
-                  << "Cannot delete Observer entry from Map, "
-                  << "because, its corresponding Subject has not yet been deleted from the List." << '\n';
+        scope.message() << "Cannot delete Observer entry from Map, "
+                        << "because, its corresponding Subject has not yet been deleted from the List."
+                        << '\n';
         return stg::STATUS_FAILURE;
     }
     if (m_ObserverMap.erase(subjectId) == 0)
         return stg::STATUS_FAILURE;
-    stg::lout << LABEL << ": "
-              << "Event Subject ID: " << subjectId << " has been deleted from Map." << '\n';
+    scope.message() << "Event Subject ID: " << subjectId << " has been deleted from Map." << '\n';
     return stg::STATUS_SUCCESS;
 }
 
@@ -154,30 +146,26 @@ short IEventManager::processEvent(Thread& thread)
 
 short IEventManager::stopThread(Thread& thread)
 {
-    static constexpr char LABEL[] = "ZARNEK:IEventManager::stopThread()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:IEventManager::stopThread()");
     IEvtSubject::m_bNeedToStopMonitoring = true;
-    stg::lout << LABEL << ": "
-              << "Value of m_bNeedToStopMonitoring is set to true to exit the thread gracefully." << '\n';
+    scope.message() << "Value of m_bNeedToStopMonitoring is set to true to exit the thread gracefully."
+                    << '\n';
     const short status = thread.stopThread();
     const auto* const subject = static_cast<IEvtSubject*>(thread.getFuncArg());
     if (subject != nullptr && status == stg::STATUS_SUCCESS && subject->getSubjectID() != stg::NUMBER_UNKNOWN)
-        stg::lout << LABEL << ": "
-                  << "Thread related to Event Subject ID: " << subject->getSubjectID()
-                  << " has been stopped successfully." << '\n';
+        scope.message() << "Thread related to Event Subject ID: " << subject->getSubjectID()
+                        << " has been stopped successfully." << '\n';
     return status;
 }
 
 void IEventManager::thread_call_back(void* argument)
 {
-    static constexpr char LABEL[] = "ZARNEK:IEventManager::thread_call_back()";
     auto* const subject = static_cast<IEvtSubject*>(argument);
     if (subject == nullptr)
         return; // the subject of a stopped thread: nothing happens
-    const stg::LogScope scope(LABEL);
-    stg::lout << LABEL << ": "
-              << "Thread related to Event Subject ID: " << subject->getSubjectID()
-              << " is going to be started." << '\n';
+    const stg::LogScope scope("ZARNEK:IEventManager::thread_call_back()");
+    scope.message() << "Thread related to Event Subject ID: " << subject->getSubjectID()
+                    << " is going to be started." << '\n';
     subject->process();
 }
 

@@ -12,21 +12,6 @@
 
 #include <algorithm>
 
-namespace
-{
-
-// The notification's object passes to the alert's. Where that failed, it would be nobody's.
-void freeUnlessTaken(stg::AttribValMap& alertValues, const stg::SDOProxy& alertProxy)
-{
-    const auto entry = alertValues.find("m_ControlNotify");
-    if (entry == alertValues.end() || alertProxy.hasTaken(entry->second))
-        return;
-    alertProxy.deleteClonedSDOObj(entry->second);
-    alertValues.erase(entry);
-}
-
-} // namespace
-
 IEvtObserver::IEvtObserver(const IEvtObserver& /*other*/) {}
 
 IEvtObserver& IEvtObserver::operator=(const IEvtObserver& /*other*/)
@@ -55,10 +40,8 @@ void IEvtObserver::getAssociatedWith(IEvtSubject* subject, short (*callback)(ICo
 
 short IEvtObserver::processAlert(CAlert* alert)
 {
-    static constexpr char LABEL[] = "ZARNEK:IEvtObserver::processAlert()";
-    const stg::LogScope scope(LABEL);
-    stg::lout << LABEL << ": "
-              << "Going to process Alert Number: " << alert->getAlertNumber() << '\n';
+    const stg::LogScope scope("ZARNEK:IEvtObserver::processAlert()");
+    scope.message() << "Going to process Alert Number: " << alert->getAlertNumber() << '\n';
     CControl_Notify& notify = alert->getControlNotify();
     std::vector<unsigned int> nexus;
     createNexus(notify.getObjType(), CControl_Notify::getAttribNameAndType(), nexus);
@@ -81,9 +64,7 @@ short IEvtObserver::createSDOProxyObj(CAlert* alert)
         return stg::STATUS_FAILURE;
     alert->updateControlNotify(notifyProxy);
     stg::SDOProxy alertProxy;
-    const int created = alertProxy.createSDOObject(*alert);
-    freeUnlessTaken(*alert->getAttribValueMap(), alertProxy);
-    if (created != stg::STATUS_SUCCESS)
+    if (alertProxy.createSDOObject(*alert) != stg::STATUS_SUCCESS)
         return stg::STATUS_FAILURE;
     sendAlert(alertProxy);
     // After the alert, whether it went out or not: the data engine gets it ahead of the refreshed objects.

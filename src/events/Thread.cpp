@@ -37,38 +37,31 @@ Thread::~Thread()
 
 short Thread::startThread()
 {
-    static constexpr char LABEL[] = "ZARNEK:Thread::startThread()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:Thread::startThread()");
     m_pRunningThread = SMThreadStart(m_pFuncAddr, m_pFuncArg);
     if (m_pRunningThread == nullptr)
         return stg::STATUS_FAILURE;
-    stg::lout << LABEL << ": "
-              << "Event Thread got created successfully." << '\n';
+    scope.message() << "Event Thread got created successfully." << '\n';
     return stg::STATUS_SUCCESS;
 }
 
 short Thread::stopThread()
 {
-    static constexpr char LABEL[] = "ZARNEK:Thread::stopThread()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:Thread::stopThread()");
     if (m_pRunningThread == nullptr)
         return stg::STATUS_FAILURE;
     const auto status = static_cast<short>(SMThreadStop(m_pRunningThread));
     if (status == stg::STATUS_SUCCESS)
-        stg::lout << LABEL << ": "
-                  << "Thread has been stopped successfully." << '\n';
+        scope.message() << "Thread has been stopped successfully." << '\n';
     else
-        stg::lout << LABEL << ": "
-                  << "Error code (During stopping the Thread) = " << status << '\n';
+        scope.message() << "Error code (During stopping the Thread) = " << status << '\n';
     return status;
 }
 
 short Thread::terminateThread()
 {
-    static constexpr char LABEL[] = "ZARNEK:Thread::terminateThread()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:Thread::terminateThread()");
     const short status = stopThread();
-    stg::lout << LABEL << ": "
-              << "Return Code = " << status << '\n';
+    scope.message() << "Return Code = " << status << '\n';
     return status;
 }

@@ -15,41 +15,36 @@ namespace
 
 constexpr char VENDOR_TEXT[] = "VORN"; // the same for every disk
 
-// LinkFlags of _HD_Info.
-constexpr unsigned int LINK_PROTOCOL_7 = 1U << 0;
-constexpr unsigned int LINK_PROTOCOL_8 = 1U << 2;
-// MediaFlags of _HD_Info.
-constexpr unsigned int MEDIA_FLAG = 1U << 0;
-constexpr unsigned int MEDIA_CODE = 2;
-// FeatureFlags of _HD_Info.
-constexpr unsigned int FEATURE_WRITE_CACHE = 1U << 4;
-constexpr unsigned int FEATURE_ENCRYPTION = 1U << 8;
-
-// Link speeds: multiples of 1024 for each Gbit/s.
-constexpr unsigned int SPEED_NONE = 0;
-constexpr unsigned int SPEED_1_5G = 1536;
-constexpr unsigned int SPEED_3G = 3072;
-constexpr unsigned int SPEED_6G = 6144;
-constexpr unsigned int SPEED_12G = 12288;
-
 unsigned int capableSpeed(unsigned int featureFlags)
 {
     struct SpeedBit {
         unsigned int mask;
         unsigned int speed;
     };
-    static constexpr SpeedBit BITS[] = {
-        {1U << 10, SPEED_12G}, {1U << 7, SPEED_6G}, {1U << 3, SPEED_3G}, {1U << 2, SPEED_1_5G}};
+    static constexpr SpeedBit BITS[] = {{MV_FEATURE_12G, SDO_SPEED_12G},
+                                        {MV_FEATURE_6G, SDO_SPEED_6G},
+                                        {MV_FEATURE_3G, SDO_SPEED_3G},
+                                        {MV_FEATURE_1_5G, SDO_SPEED_1_5G}};
     for (const SpeedBit& bit : BITS)
         if ((featureFlags & bit.mask) != 0)
             return bit.speed;
-    return SPEED_NONE;
+    return SDO_SPEED_NONE;
 }
 
 unsigned int negotiatedSpeed(unsigned int linkSpeed)
 {
-    static constexpr std::array SPEEDS = {SPEED_NONE, SPEED_1_5G, SPEED_3G, SPEED_6G, SPEED_12G};
-    return linkSpeed < SPEEDS.size() ? SPEEDS[linkSpeed] : SPEED_NONE;
+    switch (linkSpeed) {
+    case MV_SPEED_1_5G:
+        return SDO_SPEED_1_5G;
+    case MV_SPEED_3G:
+        return SDO_SPEED_3G;
+    case MV_SPEED_6G:
+        return SDO_SPEED_6G;
+    case MV_SPEED_12G:
+        return SDO_SPEED_12G;
+    default:
+        return SDO_SPEED_NONE;
+    }
 }
 
 // One scratch for all the fixed-width texts of a disk, not cleared between them: a text that fills its width
@@ -125,16 +120,16 @@ CMarvelPhysicalDevice& CMarvelPhysicalDevice::operator=(void* binder)
             setVendorID(VENDOR_TEXT);
             setSASAddress(scratch.read(info.SASAddress));
             setSectorSize(info.BlockSize);
-            if ((info.LinkFlags & LINK_PROTOCOL_7) != 0)
-                setBusProtocol(7);
-            else if ((info.LinkFlags & LINK_PROTOCOL_8) != 0)
-                setBusProtocol(8);
-            if ((info.MediaFlags & MEDIA_FLAG) != 0)
-                setMedia(MEDIA_CODE);
+            if ((info.LinkFlags & MV_LINK_SATA) != 0)
+                setBusProtocol(SDO_BUS_SATA);
+            else if ((info.LinkFlags & MV_LINK_SAS) != 0)
+                setBusProtocol(SDO_BUS_SAS);
+            if ((info.MediaFlags & MV_MEDIA_SSD) != 0)
+                setMedia(SDO_MEDIA_SSD);
             setCapableSpeed(capableSpeed(info.FeatureFlags));
-            if ((info.FeatureFlags & FEATURE_WRITE_CACHE) != 0)
+            if ((info.FeatureFlags & MV_FEATURE_WRITE_CACHE) != 0)
                 setWriteCacheSupport(1);
-            if ((info.FeatureFlags & FEATURE_ENCRYPTION) != 0)
+            if ((info.FeatureFlags & MV_FEATURE_ENCRYPTION) != 0)
                 setEncryptionCap(1);
         }
         if (records.hdConfig != nullptr) {
@@ -167,7 +162,12 @@ unsigned int CMarvelPhysicalDevice::mapPDStateAndStatus(unsigned int flags, unsi
     };
     // The first rule that applies decides.
     static constexpr Rule RULES[] = {
-        {0x08, 8, 4}, {0x01, 1, 2}, {0x20, 0, 1}, {0x02, 4, 2}, {0x04, 0, 1}, {0x10, std::nullopt, 1},
+        {MV_DISK_BAD, SDO_STATE_FAILED, SDO_STATUS_CRITICAL},
+        {MV_DISK_READY, SDO_STATE_READY, SDO_STATUS_OK},
+        {MV_DISK_FOREIGN, SDO_STATE_UNSTATED, SDO_STATUS_UNKNOWN},
+        {MV_DISK_IN_ARRAY, SDO_STATE_ONLINE, SDO_STATUS_OK},
+        {MV_DISK_SPARE, SDO_STATE_UNSTATED, SDO_STATUS_UNKNOWN},
+        {MV_DISK_CHECKING, std::nullopt, SDO_STATUS_UNKNOWN},
     };
 
     const stg::LogScope scope("ZARNEK:CMarvelPhysicalDevice::mapPDStateAndStatus()");
@@ -179,7 +179,7 @@ unsigned int CMarvelPhysicalDevice::mapPDStateAndStatus(unsigned int flags, unsi
         *status = rule.status;
         return stg::STATUS_SUCCESS;
     }
-    *state = 0;
-    *status = 1;
+    *state = SDO_STATE_UNSTATED;
+    *status = SDO_STATUS_UNKNOWN;
     return stg::STATUS_SUCCESS;
 }

@@ -7,18 +7,6 @@
 
 #include <sdo.h>
 
-namespace
-{
-
-// CacheFlags of _LD_Info that stand for a cache in use, and the policies for one and for none.
-constexpr unsigned int CACHE_IN_USE = 0x0B;
-constexpr unsigned int DISK_CACHE_POLICY_CACHED = 4;
-constexpr unsigned int DISK_CACHE_POLICY_NONE = 2;
-constexpr unsigned int WRITE_POLICY_CACHED = 8;
-constexpr unsigned int WRITE_POLICY_NONE = 4;
-
-} // namespace
-
 CMarvelVirtualDevice::CMarvelVirtualDevice() = default;
 
 CMarvelVirtualDevice::CMarvelVirtualDevice(const CMarvelVirtualDevice& other) : CVirtualDevice()
@@ -56,11 +44,11 @@ CMarvelVirtualDevice& CMarvelVirtualDevice::operator=(void* binder)
             setVDState(state);
             setVDStatus(status);
             if (mapVDRaidMode(info.RaidMode) == stg::STATUS_SUCCESS)
-                stg::lout << "ZARNEK:CVirtualDevice::setVDRaidMode(): "
-                          << "getRaidMode " << getVDRaidMode() << '\n';
-            const bool cached = (info.CacheFlags & CACHE_IN_USE) != 0;
-            setDiskCachePolicy(cached ? DISK_CACHE_POLICY_CACHED : DISK_CACHE_POLICY_NONE);
-            setWritePolicy(cached ? WRITE_POLICY_CACHED : WRITE_POLICY_NONE);
+                stg::message("ZARNEK:CVirtualDevice::setVDRaidMode()")
+                    << "getRaidMode " << getVDRaidMode() << '\n';
+            const bool cached = (info.CacheFlags & MV_CACHE_IN_USE) != 0;
+            setDiskCachePolicy(cached ? SDO_VDDISKCACHE_ON : SDO_VDDISKCACHE_OFF);
+            setWritePolicy(cached ? SDO_WRITEPOLICY_BACK : SDO_WRITEPOLICY_THROUGH);
         }
         if (records.ldConfig != nullptr)
             setLogicalDriveNum(records.ldConfig->LogicalDriveNumber);
@@ -83,17 +71,11 @@ unsigned int CMarvelVirtualDevice::mapVDRaidMode(unsigned int raidMode)
         unsigned int code; // a single bit
     };
     static constexpr Level LEVELS[] = {
-        {0x00, 0x2},     // RAID 0
-        {0x01, 0x4},     // RAID 1
-        {0x05, 0x40},    // RAID 5
-        {0x06, 0x80},    // RAID 6
-        {0x0F, 0x4000},  // no level of its own
-        {0x10, 0x200},   // RAID 10
-        {0x11, 0x80000}, // no level of its own
-        {0x50, 0x800},   // RAID 50
-        {0x60, 0x40000}, // RAID 60
-        {0x66, 0x4000},  // no level of its own
-        {0xFF, 0x4000},  // no level of its own
+        {MV_RAID_0, SDO_RAID_0}, {MV_RAID_1, SDO_RAID_1},       {MV_RAID_5, SDO_RAID_5},
+        {MV_RAID_6, SDO_RAID_6}, {MV_RAID_NONE, SDO_RAID_NONE}, {MV_RAID_10, SDO_RAID_10},
+        {0x11, SDO_RAID_OTHER},  {MV_RAID_50, SDO_RAID_50},     {MV_RAID_60, SDO_RAID_60},
+        {0x66, SDO_RAID_NONE}, // two more codes for no level
+        {0xFF, SDO_RAID_NONE},
     };
 
     const stg::LogScope scope("ZARNEK: CMarvelVirtualDevice:setVDMode");
@@ -113,12 +95,17 @@ unsigned int CMarvelVirtualDevice::mapVDStateAndStatus(unsigned int ldStatus, un
         unsigned int status;
     };
     static constexpr Meaning MEANINGS[] = {
-        {0, 0, 0x1, 2},   {1, 1, 0x20, 3},
-        {2, 2, 0, 1},     {3, 3, 0x100000, 4},
-        {4, 4, 0x8, 4},   {5, 7, 0, 3},
-        {8, 9, 0, 1},     {10, 10, 0x800000, 2},
-        {11, 14, 0, 1},   {15, 15, 0x10000000, 2},
-        {255, 255, 0, 1},
+        {MV_DRIVE_OPTIMAL, MV_DRIVE_OPTIMAL, SDO_VDSTATE_OPTIMAL, SDO_STATUS_OK},
+        {MV_DRIVE_DEGRADED, MV_DRIVE_DEGRADED, SDO_VDSTATE_DEGRADED, SDO_STATUS_WARNING},
+        {MV_DRIVE_MISSING, MV_DRIVE_MISSING, SDO_STATE_UNSTATED, SDO_STATUS_UNKNOWN},
+        {MV_DRIVE_FAILED, MV_DRIVE_FAILED, SDO_VDSTATE_FAILED, SDO_STATUS_CRITICAL},
+        {MV_DRIVE_OFFLINE, MV_DRIVE_OFFLINE, SDO_VDSTATE_OFFLINE, SDO_STATUS_CRITICAL},
+        {MV_DRIVE_REBUILDING, 7, SDO_STATE_UNSTATED, SDO_STATUS_WARNING},
+        {8, 9, SDO_STATE_UNSTATED, SDO_STATUS_UNKNOWN},
+        {MV_DRIVE_CHECKING, MV_DRIVE_CHECKING, SDO_VDSTATE_CHECKING, SDO_STATUS_OK},
+        {11, 14, SDO_STATE_UNSTATED, SDO_STATUS_UNKNOWN},
+        {MV_DRIVE_INITIALISING, MV_DRIVE_INITIALISING, SDO_VDSTATE_INITIALISING, SDO_STATUS_OK},
+        {MV_DRIVE_UNKNOWN, MV_DRIVE_UNKNOWN, SDO_STATE_UNSTATED, SDO_STATUS_UNKNOWN},
     };
 
     const stg::LogScope scope("ZARNEK:CMarvelVirtualDevice::mapVDStateAndStatus()");

@@ -7,16 +7,11 @@
 
 #include <sdo.h>
 
-#include <iterator>
-
 namespace
 {
 
-// What every controller of the family is reported with, whatever the adapter says.
+// Every controller of the family is reported with this name, as ready and well, whatever the adapter says.
 constexpr char PRODUCT_NAME[] = "TALM-Q7";
-constexpr unsigned int STATE = 1;
-constexpr unsigned int STATUS = 2;
-constexpr unsigned int BUS_PROTOCOL = 7;
 
 constexpr unsigned int DEFAULT_REBUILD_RATE = 50;
 
@@ -54,9 +49,9 @@ CMarvellController& CMarvellController::operator=(void* binder)
         setObjType(SDO_OBJTYPE_CONTROLLER);
         setVILNumber(SDO_VIL_NUMBER);
         setProductName(PRODUCT_NAME);
-        setState(STATE);
-        setStatus(STATUS);
-        setBusProtocolNumber(BUS_PROTOCOL);
+        setState(SDO_STATE_READY);
+        setStatus(SDO_STATUS_OK);
+        setBusProtocolNumber(SDO_BUS_SATA);
         if (records.infoHelper != nullptr) {
             const stg::SInfoHelper_t& helper = *records.infoHelper;
             setControllerID(helper.cntrlId);
@@ -100,38 +95,5 @@ CMarvellController& CMarvellController::operator=(const CMarvellController& othe
 void CMarvellController::loadCntrlSpecificAttrib()
 {
     const stg::LogScope scope("ZARNEK:CMarvellController::loadCntrlSpecificAttrib()");
-    static constexpr const char* NAMES[] = {
-        "m_globalControllerNumber",
-        "m_ObjType",
-        "m_VendorID",
-        "m_VILNumber",
-        "m_AttributeMask",
-        "m_MasterMethodMask",
-        "m_CurrentMethodMask",
-        "m_BusProtocolNumber",
-        "m_ProductName",
-        "m_PortCount",
-        "m_PDCount",
-        "m_VDCount",
-        "m_NoOfBattery",
-        "m_CntrID",
-        "m_SlotID",
-        "m_FWVer",
-        "m_CacheMemSize",
-        "m_RebuildRate",
-        "m_BGIRate",
-        "m_CheckConsistRate",
-        "m_PatrolReadRate",
-        "m_bAlarmState",
-        "m_CntrlNexus",
-        "m_SerialNum",
-        "m_ModelNum",
-        "m_DriverVer",
-        "m_SubVenID",
-        "m_DevID",
-        "m_SubDevID",
-        "m_Status",
-        "m_State",
-    };
-    m_CntrlSpecificAttrib.insert(m_CntrlSpecificAttrib.end(), std::begin(NAMES), std::end(NAMES));
+    appendReadableNames(m_CntrlSpecificAttrib);
 }

@@ -1,7 +1,7 @@
 #ifndef ZARNEK_MODEL_CVIRTUALDEVICE_H
 #define ZARNEK_MODEL_CVIRTUALDEVICE_H
 
-#include "model/SAttribTypeProp.h"
+#include "model/AttributeStore.h"
 #include "support/Status.h"
 
 #include <list>
@@ -12,7 +12,8 @@
 // The vendor-neutral view of one virtual disk: a holder of attributes that is also an attribute bag. A
 // vendor's subclass fills it from records. An attribute reaches the data engine only if its setter ran.
 //
-// Objects are short-lived, belong to one thread and own their texts and lists. Operations report no error.
+// Objects are short-lived, belong to one thread and own their texts and lists. But for the search in the data
+// engine, no operation reports an error.
 class CVirtualDevice
 {
   public:
@@ -24,64 +25,64 @@ class CVirtualDevice
     // Fills the object from vendor records, handed over in the vendor's binder. Here it does nothing.
     virtual CVirtualDevice& operator=(void* binder);
 
-    virtual void setObjType(unsigned int value);
+    virtual void setObjType(unsigned int value) { set<&Self::m_VdObjType>(value); }
     virtual unsigned int getObjType() const { return m_VdObjType; }
-    virtual void setControllerID(unsigned int value);
+    virtual void setControllerID(unsigned int value) { set<&Self::m_VdCntrlID>(value); }
     virtual unsigned int getControllerID() const { return m_VdCntrlID; }
-    virtual void setGlobalControllerNo(unsigned int value);
+    virtual void setGlobalControllerNo(unsigned int value) { set<&Self::m_VdGlobalCntrlNum>(value); }
     virtual unsigned int getGlobalControllerNo() const { return m_VdGlobalCntrlNum; }
-    virtual void setVILNumber(unsigned int value);
+    virtual void setVILNumber(unsigned int value) { set<&Self::m_VdVILNumber>(value); }
     virtual unsigned int getVILNumber() const { return m_VdVILNumber; }
-    virtual void setBusProtocol(unsigned int value);
+    virtual void setBusProtocol(unsigned int value) { set<&Self::m_VdBusProtocol>(value); }
     virtual unsigned int getBusProtocol() const { return m_VdBusProtocol; }
-    virtual void setMedia(unsigned int value);
+    virtual void setMedia(unsigned int value) { set<&Self::m_VdMedia>(value); }
     virtual unsigned int getMedia() const { return m_VdMedia; }
-    virtual void setVendorID(unsigned int value);
+    virtual void setVendorID(unsigned int value) { set<&Self::m_VdVendorID>(value); }
     virtual unsigned int getVendorID() const { return m_VdVendorID; }
-    virtual void setVDState(unsigned int value);
+    virtual void setVDState(unsigned int value) { set<&Self::m_VdState>(value); }
     virtual unsigned int getVDState() const { return m_VdState; }
-    virtual void setVDStripeBlockSize(unsigned int value);
+    virtual void setVDStripeBlockSize(unsigned int value) { set<&Self::m_VdStripeBlockSize>(value); }
     virtual unsigned int getVDStripeBlockSize() const { return m_VdStripeBlockSize; }
-    virtual void setVDSectorSize(unsigned int value);
+    virtual void setVDSectorSize(unsigned int value) { set<&Self::m_VdSectorSize>(value); }
     virtual unsigned int getVDSectorSize() const { return m_VdSectorSize; }
-    virtual void setPDCount(unsigned int value);
+    virtual void setPDCount(unsigned int value) { set<&Self::m_VdPdCount>(value); }
     virtual unsigned int getPDCount() const { return m_VdPdCount; }
-    virtual void setRaidDiskSpace(unsigned int value);
+    virtual void setRaidDiskSpace(unsigned int value) { set<&Self::m_VdRaidDiskSpace>(value); }
     virtual unsigned int getRaidDiskSpace() const { return m_VdRaidDiskSpace; }
-    virtual void setDiskCachePolicy(unsigned int value);
+    virtual void setDiskCachePolicy(unsigned int value) { set<&Self::m_VdDiskCachePolicy>(value); }
     virtual unsigned int getDiskCachePolicy() const { return m_VdDiskCachePolicy; }
-    virtual void setWritePolicy(unsigned int value);
+    virtual void setWritePolicy(unsigned int value) { set<&Self::m_VdWritePolicy>(value); }
     virtual unsigned int getWritePolicy() const { return m_VdWritePolicy; }
-    virtual void setReadPolicy(unsigned int value);
+    virtual void setReadPolicy(unsigned int value) { set<&Self::m_VdReadPolicy>(value); }
     virtual unsigned int getReadPolicy() const { return m_VdReadPolicy; }
-    virtual void setDeviceID(unsigned int value);
+    virtual void setDeviceID(unsigned int value) { set<&Self::m_VdDevID>(value); }
     virtual unsigned int getDeviceID() const { return m_VdDevID; }
-    virtual void setLogicalDriveNum(unsigned int value);
+    virtual void setLogicalDriveNum(unsigned int value) { set<&Self::m_VdLogicalDriveNum>(value); }
     virtual unsigned int getLogicalDriveNum() const { return m_VdLogicalDriveNum; }
-    virtual void setAttributeMask(unsigned int value);
+    virtual void setAttributeMask(unsigned int value) { set<&Self::m_VdAttributeMask>(value); }
     virtual unsigned int getAttributeMask() const { return m_VdAttributeMask; }
-    virtual void setMasterMethodMask(unsigned int value);
+    virtual void setMasterMethodMask(unsigned int value) { set<&Self::m_VdMasterMethodMask>(value); }
     virtual unsigned int getMasterMethodMask() const { return m_VdMasterMethodMask; }
-    virtual void setCurrentMethodMask(unsigned int value);
+    virtual void setCurrentMethodMask(unsigned int value) { set<&Self::m_VdCurrentMethodMask>(value); }
     virtual unsigned int getCurrentMethodMask() const { return m_VdCurrentMethodMask; }
-    virtual void setVDStatus(unsigned int value);
+    virtual void setVDStatus(unsigned int value) { set<&Self::m_VdStatus>(value); }
     virtual unsigned int getVDStatus() const { return m_VdStatus; }
-    virtual void setVDRaidMode(unsigned int value);
+    virtual void setVDRaidMode(unsigned int value) { set<&Self::m_VdRaidMode>(value); }
     virtual unsigned int getVDRaidMode() const { return m_VdRaidMode; }
-    virtual void setVDBlockCount(unsigned short value);
+    virtual void setVDBlockCount(unsigned short value) { set<&Self::m_VdBlockCount>(value); }
     virtual unsigned short getVDBlockCount() const { return m_VdBlockCount; }
-    virtual void setVDName(std::string value);
+    virtual void setVDName(std::string value) { set<&Self::m_VdName>(std::move(value)); }
     virtual std::string getVDName() const { return m_VdName; }
-    virtual void setVDSize(unsigned long long value);
+    virtual void setVDSize(unsigned long long value) { set<&Self::m_VdSize>(value); }
     virtual unsigned long long getVDSize() const { return m_VdSize; }
-    virtual void setVDAutoRebuildOn(bool value);
+    virtual void setVDAutoRebuildOn(bool value) { set<&Self::m_VdAutoRebuildOn>(value); }
     virtual bool getVDAutoRebuildOn() const { return m_VdAutoRebuildOn; }
-    virtual void setProductName(std::string value);
+    virtual void setProductName(std::string value) { set<&Self::m_VdProductName>(std::move(value)); }
     virtual std::string getProductName() const { return m_VdProductName; }
     // Overwrites the member list's elements in step with the given ones; its length never changes.
     virtual void setPdInVdList(std::list<unsigned int> value);
     virtual std::list<unsigned int> getPdInVdList() const { return m_PdInVdList; }
-    virtual void setVDNexus(std::vector<unsigned int> value);
+    virtual void setVDNexus(std::vector<unsigned int> value) { set<&Self::m_VdNexus>(std::move(value)); }
     virtual std::vector<unsigned int> getVDNexus() const { return m_VdNexus; }
 
     // Sets attributes, through their setters, from a map of names to values that stay the caller's. Names
@@ -102,18 +103,31 @@ class CVirtualDevice
     static stg::AttribTypeMap& getAttribNameAndType() { return m_VdAttribNameTypeMap; }
     // Fills the class's table once; a name that is there keeps its row.
     static void attribNameAndTypeMapInit();
-    static void setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId);
+    static void setKeyValPair(std::string name, std::string typeTag, unsigned int propertyId)
+    {
+        stg::attributes::setKeyValPair(m_VdAttribNameTypeMap, std::move(name), std::move(typeTag),
+                                       propertyId);
+    }
     // Entries of the value map. Insertion keeps an entry that is there, an update replaces its pointer. A
     // removal keeps the field's value, and an entry whose pointer is null.
-    void insertIntoAttribValMap(std::string name, void* value);
+    void insertIntoAttribValMap(std::string name, void* value)
+    {
+        stg::attributes::insert(m_VdAttribValMap, std::move(name), value);
+    }
     void updateAttribValMap(std::string name, void* value);
-    void* retrieveValFromMap(std::string name);
+    void* retrieveValFromMap(std::string name) { return stg::attributes::retrieve(m_VdAttribValMap, name); }
     void deleteFromMap(std::string name);
-    void deleteFromMap(std::pair<std::string, void*> entry);
+    void deleteFromMap(std::pair<std::string, void*> entry) { deleteFromMap(entry.first); }
     void clearMap();
 
   private:
     struct Attributes;
+    using Self = CVirtualDevice;
+
+    // Stores the value and enters the field in the value map under the name that its row has. Compiled in the
+    // source, where the rows are, for all setters there are.
+    template <auto Field, class Value>
+    [[gnu::used]] void set(Value value);
 
     unsigned int m_VdObjType = stg::NUMBER_UNKNOWN;        // SDO_OBJTYPE_VIRTUAL_DISK
     unsigned int m_VdCntrlID = stg::NUMBER_UNKNOWN;        // adapter index of the vendor's library

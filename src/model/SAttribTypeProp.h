@@ -15,7 +15,7 @@ struct SAttribTypeProp_t {
 
 // The attribute table of a class, by attribute name.
 using AttribTypeMap = std::map<std::string, SAttribTypeProp_t>;
-// The attributes set on an object: name to the object's own field.
+// Attribute values by name: those set on an object, each pointing at its own field, or those handed to one.
 using AttribValMap = std::map<std::string, void*>;
 
 } // namespace stg

@@ -1,6 +1,6 @@
-// The carriers in which the query layer hands vendor records to the operator=(void*) of a model object. They
-// hold pointers only and own nothing; what they point at lives in the query function, for that one call. Any
-// pointer may be null: the reader then skips what that record would give.
+// The carriers in which the query layer hands vendor records to the operator=(void*) of a model object. The
+// binders hold pointers only and own nothing; what they point at lives in the query function, for that one
+// call. Any pointer may be null: the reader then skips what that record would give.
 #ifndef ZARNEK_MVLAYER_BINDERS_H
 #define ZARNEK_MVLAYER_BINDERS_H
 

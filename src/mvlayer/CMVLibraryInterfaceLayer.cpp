@@ -14,12 +14,28 @@
 namespace
 {
 
-constexpr unsigned int LOW_BYTE = 0xFF;
-
-// The library takes an adapter index as a byte.
-unsigned char adapterIndex(unsigned int id)
+// An adapter index travels in a byte, and of a result only the low byte counts.
+unsigned char lowByte(unsigned int value)
 {
-    return static_cast<unsigned char>(id & LOW_BYTE);
+    return static_cast<unsigned char>(value);
+}
+
+// Asks for entries from the first on; `count` is one more than their number.
+_Info_Request listHeader(unsigned int count)
+{
+    _Info_Request header{};
+    header.RequestType = MV_REQUEST_LIST;
+    header.NumRequested = static_cast<std::uint16_t>(count - 1);
+    return header;
+}
+
+_Info_Request oneDeviceHeader(unsigned short hdId)
+{
+    _Info_Request header{};
+    header.RequestType = MV_REQUEST_ONE_DEVICE;
+    header.StartIndexOrId = hdId;
+    header.NumRequested = 1;
+    return header;
 }
 
 } // namespace
@@ -30,7 +46,6 @@ CMVLibraryInterfaceLayer::CMVLibraryInterfaceLayer(unsigned int vendorId, void* 
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:CLibraryInterfaceLayer()");
     if (CLibraryManager* const manager = CLibraryManager::getUniqueInstance())
         m_pMarvellLib = dynamic_cast<CMarvellVendorLibrary*>(manager->getVendorLibInstance(vendorId));
-    m_librarySerial = IVendorLibrary::serialNumberOf(m_pMarvellLib);
     CMVLibraryInterfaceLayer::libInit();
 }
 
@@ -40,72 +55,64 @@ CMVLibraryInterfaceLayer::~CMVLibraryInterfaceLayer()
     CMVLibraryInterfaceLayer::libExit();
 }
 
-CMarvellVendorLibrary* CMVLibraryInterfaceLayer::library() const
+template <class Function>
+Function CMVLibraryInterfaceLayer::entryPoint(Function (CMarvellVendorLibrary::*accessor)() const) const
 {
-    const bool lives =
-        m_librarySerial != 0 && IVendorLibrary::serialNumberOf(m_pMarvellLib) == m_librarySerial;
-    return lives ? m_pMarvellLib : nullptr;
+    return m_pMarvellLib != nullptr ? (m_pMarvellLib->*accessor)() : nullptr;
 }
 
 short CMVLibraryInterfaceLayer::statusOf(unsigned int result)
 {
-    const unsigned int status = result & LOW_BYTE;
+    const unsigned int status = lowByte(result);
     if (status != MV_ERR_NONE)
         mvErrorDisplay(status);
     return static_cast<short>(status);
 }
 
-template <class Function>
-short CMVLibraryInterfaceLayer::callList(Function function, unsigned int id, unsigned int count,
-                                         _Info_Request* request)
+template <class Function, class... Arguments>
+short CMVLibraryInterfaceLayer::call(const char* label, Function (CMarvellVendorLibrary::*accessor)() const,
+                                     unsigned int id, Arguments... arguments)
 {
-    if (request == nullptr || function == nullptr)
-        return stg::STATUS_SUCCESS;
-    *request = {};
-    request->RequestType = MV_REQUEST_LIST;
-    request->NumRequested = static_cast<std::uint16_t>(count - 1);
-    return statusOf(function(adapterIndex(id), request));
+    const stg::LogScope scope(label);
+    const Function function = entryPoint(accessor);
+    return function != nullptr ? statusOf(function(lowByte(id), arguments...)) : stg::STATUS_SUCCESS;
 }
 
 template <class Function, class Request>
-short CMVLibraryInterfaceLayer::callOneDevice(Function function, unsigned int id, unsigned short hdId,
-                                              Request* request)
+short CMVLibraryInterfaceLayer::request(const char* label,
+                                        Function (CMarvellVendorLibrary::*accessor)() const, unsigned int id,
+                                        _Info_Request header, Request* request)
 {
+    const stg::LogScope scope(label);
+    const Function function = entryPoint(accessor);
     if (request == nullptr || function == nullptr)
         return stg::STATUS_SUCCESS;
-    request->Header = {};
-    request->Header.RequestType = MV_REQUEST_ONE_DEVICE;
-    request->Header.StartIndexOrId = hdId;
-    request->Header.NumRequested = 1;
-    return statusOf(function(adapterIndex(id), request));
+    std::memcpy(request, &header, sizeof header); // every request begins with it
+    return statusOf(function(lowByte(id), request));
 }
 
 void CMVLibraryInterfaceLayer::libInit()
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:libInit()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary != nullptr && vendorLibrary->getMVInitAPI() != nullptr)
-        vendorLibrary->getMVInitAPI()();
+    if (const auto initialize = entryPoint(&CMarvellVendorLibrary::getMVInitAPI))
+        initialize();
 }
 
 void CMVLibraryInterfaceLayer::libExit()
 {
     const stg::LogScope scope("ZARNEK:CMVLibraryInterfaceLayer:libExit()",
                               "ZARNEK:CLibraryInterfaceLayer:libExit()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary != nullptr && vendorLibrary->getMVFinalizeAPI() != nullptr) {
+    if (const auto finalize = entryPoint(&CMarvellVendorLibrary::getMVFinalizeAPI)) {
         stg::lout << "ZARNEK:CMVLibraryInterfaceLayer:libExit() calling  mvAPIFinal" << '\n';
-        vendorLibrary->getMVFinalizeAPI()();
+        finalize();
     }
 }
 
 unsigned int CMVLibraryInterfaceLayer::getControllerCount()
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getControllerCount()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpCountAPI() == nullptr)
-        return 0;
-    return vendorLibrary->getMVAdpCountAPI()() & LOW_BYTE;
+    const auto count = entryPoint(&CMarvellVendorLibrary::getMVAdpCountAPI);
+    return count != nullptr ? lowByte(count()) : 0U;
 }
 
 unsigned int CMVLibraryInterfaceLayer::getControllerCount(IVendorLibrary* vendorLibrary)
@@ -116,38 +123,31 @@ unsigned int CMVLibraryInterfaceLayer::getControllerCount(IVendorLibrary* vendor
         return 0;
     if (marvell->getMVInitAPI() != nullptr)
         marvell->getMVInitAPI()();
-    return marvell->getMVAdpCountAPI() != nullptr ? marvell->getMVAdpCountAPI()() & LOW_BYTE : 0;
+    return marvell->getMVAdpCountAPI() != nullptr ? lowByte(marvell->getMVAdpCountAPI()()) : 0U;
 }
 
 short CMVLibraryInterfaceLayer::getAdapterInfo(unsigned int id, unsigned int count, _Adapter_Info* info)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getAdapterInfo()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpGetInfoAPI() == nullptr)
-        return stg::STATUS_SUCCESS;
-    return statusOf(vendorLibrary->getMVAdpGetInfoAPI()(adapterIndex(id), &count, info));
+    return call("ZARNEK:CLibraryInterfaceLayer:getAdapterInfo()", &CMarvellVendorLibrary::getMVAdpGetInfoAPI,
+                id, &count, info);
 }
 
 short CMVLibraryInterfaceLayer::getAdapterConfig(unsigned int id, unsigned int count,
                                                  _Adapter_Config_V2* config)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getAdapterConfig()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpGetConfigAPI() == nullptr)
-        return stg::STATUS_SUCCESS;
-    return statusOf(vendorLibrary->getMVAdpGetConfigAPI()(adapterIndex(id), &count, config));
+    return call("ZARNEK:CLibraryInterfaceLayer:getAdapterConfig()",
+                &CMarvellVendorLibrary::getMVAdpGetConfigAPI, id, &count, config);
 }
 
 short CMVLibraryInterfaceLayer::getAdapterROMVersion(unsigned int id, char (*text)[20])
 {
     const stg::LogScope scope("ZARNEK:CMVLibraryInterfaceLayer:getAdapterROMVersion()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->GetMVAdpGetOEMDataAPI() == nullptr)
+    const auto function = entryPoint(&CMarvellVendorLibrary::GetMVAdpGetOEMDataAPI);
+    if (function == nullptr)
         return stg::STATUS_SUCCESS;
     _Adapter_OEM_Data data{};
     data.OemRecordSize = sizeof data;
-    data.OemSelector = 0;
-    const short status = statusOf(vendorLibrary->GetMVAdpGetOEMDataAPI()(adapterIndex(id), &data));
+    const short status = statusOf(function(lowByte(id), &data));
     if (status == stg::STATUS_SUCCESS) {
         char full[32] = {};
         std::snprintf(full, sizeof full, "%d.%d.%d.%04d", data.RomMajor, data.RomMinor, data.RomRevision,
@@ -159,85 +159,62 @@ short CMVLibraryInterfaceLayer::getAdapterROMVersion(unsigned int id, char (*tex
     return status;
 }
 
-short CMVLibraryInterfaceLayer::getPhysicalDisksInfo(unsigned int id, unsigned int count,
-                                                     _Info_Request* request)
+short CMVLibraryInterfaceLayer::getPhysicalDisksInfo(unsigned int id, unsigned int count, _Info_Request* list)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDisksInfo()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr)
-        return stg::STATUS_SUCCESS;
-    return callList(vendorLibrary->getMVPDGetHDInfoAPI(), id, count, request);
+    return request("ZARNEK:CLibraryInterfaceLayer:getPhysicalDisksInfo()",
+                   &CMarvellVendorLibrary::getMVPDGetHDInfoAPI, id, listHeader(count), list);
 }
 
 short CMVLibraryInterfaceLayer::getPhysicalDiskConfig(unsigned int id, unsigned int count,
-                                                      _Info_Request* request)
+                                                      _Info_Request* list)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskConfig()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr)
-        return stg::STATUS_SUCCESS;
-    return callList(vendorLibrary->getMVPDGetConfigAPI(), id, count, request);
+    return request("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskConfig()",
+                   &CMarvellVendorLibrary::getMVPDGetConfigAPI, id, listHeader(count), list);
 }
 
-short CMVLibraryInterfaceLayer::getVirtualDisksInfo(unsigned int id, unsigned int count,
-                                                    _Info_Request* request)
+short CMVLibraryInterfaceLayer::getVirtualDisksInfo(unsigned int id, unsigned int count, _Info_Request* list)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getVirtualDisksInfo()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr)
-        return stg::STATUS_SUCCESS;
-    return callList(vendorLibrary->getMVLDGetInfoAPI(), id, count, request);
+    return request("ZARNEK:CLibraryInterfaceLayer:getVirtualDisksInfo()",
+                   &CMarvellVendorLibrary::getMVLDGetInfoAPI, id, listHeader(count), list);
 }
 
-short CMVLibraryInterfaceLayer::getVirtualDiskConfig(unsigned int id, unsigned int count,
-                                                     _Info_Request* request)
+short CMVLibraryInterfaceLayer::getVirtualDiskConfig(unsigned int id, unsigned int count, _Info_Request* list)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getVirtualDiskConfig()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr)
-        return stg::STATUS_SUCCESS;
-    return callList(vendorLibrary->getMVLDGetConfigAPI(), id, count, request);
+    return request("ZARNEK:CLibraryInterfaceLayer:getVirtualDiskConfig()",
+                   &CMarvellVendorLibrary::getMVLDGetConfigAPI, id, listHeader(count), list);
 }
 
 short CMVLibraryInterfaceLayer::getPhysicalDiskStatus(unsigned int id, unsigned short hdId,
-                                                      _HD_RAID_Status_Request* request)
+                                                      _HD_RAID_Status_Request* answer)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskStatus()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr)
-        return stg::STATUS_SUCCESS;
-    return callOneDevice(vendorLibrary->getMVPDGetHDRaidStatusAPI(), id, hdId, request);
+    return request("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskStatus()",
+                   &CMarvellVendorLibrary::getMVPDGetHDRaidStatusAPI, id, oneDeviceHeader(hdId), answer);
 }
 
 short CMVLibraryInterfaceLayer::getPhysicalDiskFreeSpace(unsigned int id, unsigned short hdId,
-                                                         _HD_FreeSpaceInfo_Request* request)
+                                                         _HD_FreeSpaceInfo_Request* answer)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskFreeSpace()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr)
-        return stg::STATUS_SUCCESS;
-    return callOneDevice(vendorLibrary->getMVPDGetFreeSpaceInfoAPI(), id, hdId, request);
+    return request("ZARNEK:CLibraryInterfaceLayer:getPhysicalDiskFreeSpace()",
+                   &CMarvellVendorLibrary::getMVPDGetFreeSpaceInfoAPI, id, oneDeviceHeader(hdId), answer);
 }
 
 std::uint32_t CMVLibraryInterfaceLayer::getMarvellBufSize(unsigned int cntrlId)
 {
     const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:getMarvellBufSize()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->getMVAdpGetInfoAPI() == nullptr)
+    const auto function = entryPoint(&CMarvellVendorLibrary::getMVAdpGetInfoAPI);
+    if (function == nullptr)
         return 0;
-    _Adapter_Info info{}; // a failed call reads as an answer size of 0: its status is not looked at
+    // Its status is not looked at: a failed call counts with what it wrote, which is 0 if it wrote nothing.
+    _Adapter_Info info{};
     unsigned int count = 0;
-    vendorLibrary->getMVAdpGetInfoAPI()(adapterIndex(cntrlId), &count, &info);
+    function(lowByte(cntrlId), &count, &info);
     return static_cast<std::uint32_t>(info.MaxBufferSizeKB) << 10;
 }
 
 short CMVLibraryInterfaceLayer::flushEvents(unsigned int cntrlId)
 {
-    const stg::LogScope scope("ZARNEK:CLibraryInterfaceLayer:flushEvents()");
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->GetMVEVTFlushEventAPI() == nullptr)
-        return stg::STATUS_SUCCESS;
-    return statusOf(vendorLibrary->GetMVEVTFlushEventAPI()(adapterIndex(cntrlId)));
+    return call("ZARNEK:CLibraryInterfaceLayer:flushEvents()", &CMarvellVendorLibrary::GetMVEVTFlushEventAPI,
+                cntrlId);
 }
 
 void CMVLibraryInterfaceLayer::mvErrorDisplay(unsigned int error)

@@ -11,8 +11,7 @@ class CMarvellVendorLibrary;
 
 // The queries over the Marvell API. Construction finds the registered library of the vendor and initialises
 // its API, destruction finalises it; without a registered library every query answers 0 and calls nothing,
-// save the count of a library that is handed in. Should the library be unloaded between two calls, the layer
-// counts as one without a library from then on.
+// save the count of a library that is handed in. The library must outlive the layer.
 class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
 {
   public:
@@ -41,14 +40,15 @@ class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
     // more than the number of entries asked for.
     short getAdapterInfo(unsigned int id, unsigned int count, _Adapter_Info* info);
     short getAdapterConfig(unsigned int id, unsigned int count, _Adapter_Config_V2* config);
-    // The text "major.minor.revision.build", cut to 19 characters; unchanged on failure.
+    // The text "major.minor.revision.build", cut to 19 characters; unchanged on failure and where it cannot
+    // be asked.
     short getAdapterROMVersion(unsigned int id, char (*text)[20]);
-    short getPhysicalDisksInfo(unsigned int id, unsigned int count, _Info_Request* request);
-    short getPhysicalDiskConfig(unsigned int id, unsigned int count, _Info_Request* request);
-    short getVirtualDisksInfo(unsigned int id, unsigned int count, _Info_Request* request);
-    short getVirtualDiskConfig(unsigned int id, unsigned int count, _Info_Request* request);
-    short getPhysicalDiskStatus(unsigned int id, unsigned short hdId, _HD_RAID_Status_Request* request);
-    short getPhysicalDiskFreeSpace(unsigned int id, unsigned short hdId, _HD_FreeSpaceInfo_Request* request);
+    short getPhysicalDisksInfo(unsigned int id, unsigned int count, _Info_Request* list);
+    short getPhysicalDiskConfig(unsigned int id, unsigned int count, _Info_Request* list);
+    short getVirtualDisksInfo(unsigned int id, unsigned int count, _Info_Request* list);
+    short getVirtualDiskConfig(unsigned int id, unsigned int count, _Info_Request* list);
+    short getPhysicalDiskStatus(unsigned int id, unsigned short hdId, _HD_RAID_Status_Request* answer);
+    short getPhysicalDiskFreeSpace(unsigned int id, unsigned short hdId, _HD_FreeSpaceInfo_Request* answer);
 
     // Bytes of the adapter's largest answer; 0 when it cannot be told.
     std::uint32_t getMarvellBufSize(unsigned int cntrlId);
@@ -58,17 +58,21 @@ class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
   private:
     class DiskRequests;
 
-    // The library while it lives, else null. Fetched once per operation.
-    CMarvellVendorLibrary* library() const;
+    // The library's function; null without a library, or where it lacks the function.
+    template <class Function>
+    Function entryPoint(Function (CMarvellVendorLibrary::*accessor)() const) const;
     // The status in a call's result, which is its low byte; an error is logged.
     short statusOf(unsigned int result);
-    template <class Function>
-    short callList(Function function, unsigned int id, unsigned int count, _Info_Request* request);
+    // One framed call: what cannot be called answers 0 and leaves its arguments alone.
+    template <class Function, class... Arguments>
+    short call(const char* label, Function (CMarvellVendorLibrary::*accessor)() const, unsigned int id,
+               Arguments... arguments);
+    // The same for a call with a request, which gets its header here; null is not asked.
     template <class Function, class Request>
-    short callOneDevice(Function function, unsigned int id, unsigned short hdId, Request* request);
+    short request(const char* label, Function (CMarvellVendorLibrary::*accessor)() const, unsigned int id,
+                  _Info_Request header, Request* request);
 
     CMarvellVendorLibrary* m_pMarvellLib;
-    std::uint64_t m_librarySerial = 0;
 };
 
 #endif

@@ -345,11 +345,12 @@ short CMVLibraryInterfaceLayer::getEventInfo(stg::SCntrlID_t id, std::vector<CAl
     const auto events = stg::allocateVendorRecord<_Event>(MV_MAX_EVENTS);
     if (!events)
         return stg::STATUS_SUCCESS;
-    const CMarvellVendorLibrary* const vendorLibrary = library();
-    if (vendorLibrary == nullptr || vendorLibrary->GetMVEVTGetEventAPI() == nullptr)
+    const auto getEvent =
+        m_pMarvellLib != nullptr ? m_pMarvellLib->GetMVEVTGetEventAPI() : MV_EVT_GetEvent_t{};
+    if (getEvent == nullptr)
         return stg::STATUS_SUCCESS;
-    const short status = statusOf(vendorLibrary->GetMVEVTGetEventAPI()(
-        static_cast<unsigned char>(id.m_CntrlID & 0xFFU), MV_MAX_EVENTS, &count, events.get()));
+    const auto adapter = static_cast<unsigned char>(id.m_CntrlID);
+    const short status = statusOf(getEvent(adapter, MV_MAX_EVENTS, &count, events.get()));
     if (status != stg::STATUS_SUCCESS)
         return status;
     stg::lout << " ZARNEK:CLibraryInterfaceLayer:getEventInfo"

@@ -26,9 +26,10 @@ VendorRecord<Record> allocateVendorRecord(std::size_t count = 1)
     return VendorRecord<Record>(static_cast<Record*>(std::calloc(count, sizeof(Record))));
 }
 
-// The answer buffer of a list call: an _Info_Request and the entries behind it. Its size follows from the
-// adapter's largest answer, in unsigned 32-bit arithmetic on every ABI: an answer size below the header wraps
-// around to the largest lists, and a list size that wraps around counts as a failed allocation.
+// The answer buffer of a list call: an _Info_Request and the entries behind it. How many entries the
+// adapter's largest answer holds is computed in unsigned 32-bit arithmetic on every ABI and then cut to 16
+// bits, and the size follows from what is left: an answer size below the header wraps around and ends in
+// lists of up to 4 MB, a count that is cut to nothing in a size that counts as a failed allocation.
 template <class Entry>
 class ListBuffer
 {

@@ -78,10 +78,11 @@ void SDOProxy::initializeLookupTable()
     m_bIsLookupTable = true;
 }
 
-SDOProxy::SDOProxy() : m_pChildSDOConfig(SMSDOConfigAlloc()), m_bOwnChild(true)
+SDOProxy::SDOProxy() : m_bOwnChild(true)
 {
     resetPropertyDataType();
     initializeLookupTable();
+    m_pChildSDOConfig = SMSDOConfigAlloc(); // last: if the table finds no memory, no destructor runs
 }
 
 SDOProxy::SDOProxy(void* child) : m_pChildSDOConfig(child)
@@ -195,15 +196,13 @@ int SDOProxy::createFromAttributes(AttribTypeMap& types, AttribValMap& values)
 
 int SDOProxy::insertIntoDataEngine()
 {
-    static constexpr char LABEL[] = "ZARNEK:stg::SDOProxy::insertIntoDataEngine()";
-    const LogScope scope(LABEL);
+    const LogScope scope("ZARNEK:stg::SDOProxy::insertIntoDataEngine()");
 
     void* const parent = cloneMyself(m_pParentSDOConfig);
     void* const child = SMSDOConfigClone(m_pChildSDOConfig);
     const int status = RalInsertObject(child, parent);
     if (status != 0)
-        lout << LABEL << ": "
-             << "RalInsertObject Failed." << '\n';
+        scope.message() << "RalInsertObject Failed." << '\n';
     return status;
 }
 
@@ -214,8 +213,7 @@ int SDOProxy::removeFromDataEngine(void* object)
 
 int SDOProxy::sendAlertNotification()
 {
-    void* const notification = SMSDOConfigClone(m_pChildSDOConfig);
-    return notification != nullptr ? RalSendNotification(notification) : STATUS_FAILURE;
+    return RalSendNotification(SMSDOConfigClone(m_pChildSDOConfig));
 }
 
 int SDOProxy::createSDOLinkWithParent(void* upper)
@@ -291,11 +289,11 @@ void* SDOProxy::retrieveByKey(const char* label, const char* missingKey, const c
 {
     LogScope scope(label);
     if (missingKey != nullptr) {
-        lout << label << ": " << missingKey << '\n';
+        scope.message() << missingKey << '\n';
     } else if (m_pChildSDOConfig == nullptr || !m_bOwnChild) {
-        lout << label << ": "
-             << "Child Pointer of SDOProxy is pointing somewhere else. Not able to replace the Child Pointer."
-             << '\n';
+        scope.message()
+            << "Child Pointer of SDOProxy is pointing somewhere else. Not able to replace the Child Pointer."
+            << '\n';
     } else {
         SMSDOConfigFree(m_pChildSDOConfig);
         m_pChildSDOConfig = nullptr;
@@ -305,7 +303,7 @@ void* SDOProxy::retrieveByKey(const char* label, const char* missingKey, const c
         if (status == STATUS_SUCCESS)
             return m_pChildSDOConfig;
     }
-    lout << label << ": " << failure << '\n';
+    scope.message() << failure << '\n';
     scope.skipExit();
     return nullptr;
 }

@@ -57,14 +57,12 @@ class SDOProxy
     // A clone that the caller owns, null for null; and its end.
     void* cloneMyself(const void* object) const;
     void deleteClonedSDOObj(void* object) const;
-    // Whether this is the nested object that a child took over last.
-    bool hasTaken(const void* nested) const { return nested == m_pNestedObject; }
     // Zeroes the scratch fields but that of the nexus.
     void resetPropertyDataType();
 
     // Adds a property to the child. `code` is an SDOTypeCode; `value` points at a value of its width, at a
-    // std::string or a std::vector<unsigned int>, or is a nested SDO object, which passes to the child. A
-    // text is cut to 255 characters.
+    // std::string or a std::vector<unsigned int>, or is a nested SDO object, which passes to the child unless
+    // the result tells a failure. A text is cut to 255 characters.
     int addProperty(unsigned int id, unsigned char code, const void* value);
     int addSpecificProperty(unsigned int id, unsigned char code, void* value);
     // Adds four bytes to any object. `type` is the type value that travels, not a type code.
@@ -83,10 +81,11 @@ class SDOProxy
     int createSDOObject(CAlert& alert);
     int createSDOObject(CControl_Notify& notify);
 
-    // Inserts a clone of the child under a clone of the parent, if there is one.
+    // Insert a clone of the child under a clone of the parent, if there is one; send a clone of the child. A
+    // clone that fails is handed on as null, and what the data engine says of it is the result.
     int insertIntoDataEngine();
-    int removeFromDataEngine(void* object);
     int sendAlertNotification();
+    int removeFromDataEngine(void* object);
     // The upper object is named first.
     int createSDOLinkWithParent(void* upper);
     int createSDOLinkWithChild(void* lower);
@@ -152,7 +151,6 @@ class SDOProxy
     unsigned int m_BinaryValue = 0;
     std::vector<unsigned int> m_NexusValue;
     void* m_pCurrentValue = nullptr;
-    const void* m_pNestedObject = nullptr; // the child's, not to be followed
 
     static std::map<std::string, unsigned char> m_LookupTable;
     static bool m_bIsLookupTable;

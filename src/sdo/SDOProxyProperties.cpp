@@ -98,7 +98,6 @@ int SDOProxy::addNested(unsigned int id, const void* object)
     const int status =
         SMSDOConfigAddData(m_pChildSDOConfig, wireId(id), SDO_TYPE_SDOCONFIG, object, NESTED_SIZE, FLAG);
     lout << ADD_PROPERTY << "Property Name: " << id << ", Property Type: SM_SDO_TYPE_SDOCONFIG" << '\n';
-    m_pNestedObject = status == 0 ? object : nullptr;
     return status;
 }
 
@@ -131,7 +130,7 @@ int SDOProxy::visitScalar(unsigned char code, Visitor visit)
 
 int SDOProxy::addByCode(unsigned int id, unsigned char code, const void* value)
 {
-    if (value == nullptr && (code <= SDO_CODE_ASTRING || code == SDO_CODE_SDOCONFIG))
+    if (value == nullptr && code <= SDO_CODE_ASTRING)
         return STATUS_FAILURE; // an attribute that was entered without a value
     switch (code) {
     case SDO_CODE_NEXUS:
@@ -182,8 +181,8 @@ short SDOProxy::retrieveSpecificProperty(void* object, unsigned int id, void* ou
     const auto status =
         static_cast<short>(SMSDOConfigGetDataByID(object, wireId(id), FIRST_VALUE, out, &size));
     if (status != STATUS_SUCCESS)
-        lout << "ZARNEK:stg::SDOProxy::retrieveSpecificProperty(): "
-             << "Failed to retrieve specific property. Prop Name = " << id << '\n';
+        message("ZARNEK:stg::SDOProxy::retrieveSpecificProperty()")
+            << "Failed to retrieve specific property. Prop Name = " << id << '\n';
     return status;
 }
 

@@ -16,18 +16,16 @@ bool SDOProxy_Helper::find(const char* label, const std::string& attribName, Pro
 {
     const auto row = m_pTypes->find(attribName);
     if (row == m_pTypes->end()) {
-        lout << label << ": "
-             << "Couldn't find the Attribute, named " << attribName << " in ATTRIB_NAME_AND_TYPE_MAP."
-             << '\n';
+        message(label) << "Couldn't find the Attribute, named " << attribName
+                       << " in ATTRIB_NAME_AND_TYPE_MAP." << '\n';
         return false;
     }
     const std::string& tag = row->second.m_AttribType;
     const auto& lookupTable = SDOProxy::getLookupTable();
     const auto code = lookupTable.find(tag);
     if (code == lookupTable.end()) {
-        lout << label << ": "
-             << "Couldn't find the Attribute type, named " << tag << " in the lookup table of SDOProxy."
-             << '\n';
+        message(label) << "Couldn't find the Attribute type, named " << tag
+                       << " in the lookup table of SDOProxy." << '\n';
         return false;
     }
     found = {row->second.m_PropertyID, code->second, tag == TAG_BOOL_TYPE || tag == "bool"};

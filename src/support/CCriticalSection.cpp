@@ -26,8 +26,8 @@ short CCriticalSection::createMutex()
     if (m_pZarnekMutex == nullptr)
         return stg::STATUS_FAILURE;
     isZarnekMutex = true;
-    stg::lout << "ZARNEK:CCriticalSection::createMutex(): "
-              << "ZARNEK Mutex got created successfully." << '\n';
+    stg::message("ZARNEK:CCriticalSection::createMutex()")
+        << "ZARNEK Mutex got created successfully." << '\n';
     return stg::STATUS_SUCCESS;
 }
 

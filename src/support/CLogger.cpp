@@ -100,4 +100,9 @@ CLogger& CLogger::operator<<(char value)
     return *this;
 }
 
+CLogger& message(const char* label)
+{
+    return lout << label << ": ";
+}
+
 } // namespace stg

@@ -59,6 +59,10 @@ class CLogger
 
 extern CLogger lout;
 
+// Begins a message line: the label and ": ". What is inserted behind it ends the line, and must not log
+// itself.
+CLogger& message(const char* label);
+
 } // namespace stg
 
 #endif

@@ -1,7 +1,5 @@
 #include "support/LogScope.h"
 
-#include "support/CLogger.h"
-
 #include <exception>
 #include <new>
 #include <string>
@@ -26,7 +24,7 @@ void writeFrame(const char* label, const char* word)
 LogScope::LogScope(const char* label) : LogScope(label, label) {}
 
 LogScope::LogScope(const char* entryLabel, const char* exitLabel)
-    : m_exitLabel(exitLabel), m_exceptionsAtEntry(std::uncaught_exceptions())
+    : m_entryLabel(entryLabel), m_exitLabel(exitLabel), m_exceptionsAtEntry(std::uncaught_exceptions())
 {
     writeFrame(entryLabel, " ENTRY ");
 }

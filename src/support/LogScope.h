@@ -1,6 +1,8 @@
 #ifndef ZARNEK_SUPPORT_LOGSCOPE_H
 #define ZARNEK_SUPPORT_LOGSCOPE_H
 
+#include "support/CLogger.h"
+
 namespace stg
 {
 
@@ -19,10 +21,13 @@ class LogScope
     LogScope& operator=(const LogScope&) = delete;
     ~LogScope();
 
+    // Begins a message line with the label of the entry.
+    CLogger& message() const { return stg::message(m_entryLabel); }
     // This return writes no EXIT line.
     void skipExit() noexcept { m_exitLabel = nullptr; }
 
   private:
+    const char* m_entryLabel;
     const char* m_exitLabel;
     int m_exceptionsAtEntry;
 };

@@ -28,8 +28,8 @@ std::string convertToString(const std::wstring& wide);
 // Widens each char with its sign.
 std::wstring convertToWString(const std::string& narrow);
 
-// What strtoul and strtol with base 10 give where a long has 32 bits: the leading digits, 0 without any, the
-// limit of the type beyond it. The same on every ABI.
+// What strtoul and strtol with base 10 give where a long has 32 bits: the number that the text begins with, 0
+// without one, the limit of the type beyond it. The same on every ABI.
 unsigned int toUnsigned32(const std::string& text);
 int toSigned32(const std::string& text);
 

@@ -39,15 +39,13 @@ std::vector<stg::SVendorInfo_t> CLibraryLoader::getVendorInfo()
 
 IVendorLibrary* CLibraryLoader::createLibModelObj(std::string vendorId, std::string libName)
 {
-    static constexpr char LABEL[] = "ZARNEK:CLibraryLoader:createLibModelObj()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CLibraryLoader:createLibModelObj()");
 
     if (static_cast<unsigned int>(stg::toSigned32(vendorId)) != SDO_VIL_NUMBER)
         return nullptr;
     auto* const library = new (std::nothrow) CMarvellVendorLibrary(vendorId, libName);
     if (library == nullptr)
-        stg::lout << LABEL << ": "
-                  << "Failed to get p_VendorLibrary instance." << '\n';
+        scope.message() << "Failed to get p_VendorLibrary instance." << '\n';
     return library;
 }
 
@@ -67,7 +65,7 @@ short CLibraryLoader::createAllLibObjs()
                 if (CLibraryManager* const manager = CLibraryManager::getUniqueInstance())
                     manager->insertIntoMap(library->getVendorId(), library.get());
             }
-            // The manager's, or, without a controller, loaded for good.
+            // The manager's, or, without a controller or a manager, loaded for good.
             static_cast<void>(library.release());
         }
         m_vendorInfo.pop_back();

@@ -23,7 +23,8 @@ class CLibraryLoader
     std::vector<stg::SVendorInfo_t> getVendorInfo();
     // A library object for this vendor, owned by the caller; null for a vendor that the system does not know.
     IVendorLibrary* createLibModelObj(std::string vendorId, std::string libName);
-    // Loads, binds and tests the libraries of the list and empties it from its end. Always 0.
+    // Loads, binds and tests libraries from the list's end and takes them off, half of them, an odd one
+    // included. Always 0.
     short createAllLibObjs();
     // Does nothing.
     void initializePath(std::string directory, std::string name);

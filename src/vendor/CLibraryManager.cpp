@@ -1,24 +1,24 @@
 #include "vendor/CLibraryManager.h"
 
 #include "support/CLogger.h"
-#include "support/Distinct.h"
 #include "support/LogScope.h"
 #include "support/Singleton.h"
 #include "support/Status.h"
 #include "vendor/CLibraryLoader.h"
 #include "vendor/IVendorLibrary.h"
 
+#include <algorithm>
 #include <new>
 
 CLibraryManager* CLibraryManager::m_pLibManager = nullptr;
 
 CLibraryManager* CLibraryManager::getUniqueInstance()
 {
-    static constexpr char LABEL[] = "ZARNEK:CLibraryManager:getUniqueInstance()";
-    const stg::LogScope scope(LABEL, "ZARNEK:CLibraryManager: getUniqueInstance()");
+    const stg::LogScope scope("ZARNEK:CLibraryManager:getUniqueInstance()",
+                              "ZARNEK:CLibraryManager: getUniqueInstance()");
     return stg::uniqueInstance(m_pLibManager, [](const std::bad_alloc& failure) {
-        stg::lout << "ZARNEK:CLibraryManager::getUniqueInstance(): "
-                  << "Failed to allocate Memory. " << failure.what() << '\n';
+        stg::message("ZARNEK:CLibraryManager::getUniqueInstance()")
+            << "Failed to allocate Memory. " << failure.what() << '\n';
     });
 }
 
@@ -61,16 +61,14 @@ short CLibraryManager::cloneLibraryMultiMap(LibraryMultimap& /*map*/)
 
 IVendorLibrary* CLibraryManager::getVendorLibInstance(unsigned int vendorId)
 {
-    static constexpr char LABEL[] = "ZARNEK:CLibraryManager:getVendorLibInstance()";
-    const stg::LogScope scope(LABEL);
+    const stg::LogScope scope("ZARNEK:CLibraryManager:getVendorLibInstance()");
 
     // find may return any of several equal keys, lower_bound returns the first.
     const auto found = m_libMap.lower_bound(vendorId);
     if (found == m_libMap.end() || found->first != vendorId)
         return nullptr;
     if (found->second == nullptr)
-        stg::lout << LABEL << ": "
-                  << "Dynamic Cast Failed." << '\n';
+        scope.message() << "Dynamic Cast Failed." << '\n';
     return found->second;
 }
 
@@ -104,11 +102,14 @@ short CLibraryManager::updateLibraryMultiMap(LibraryPair& pair)
 short CLibraryManager::removeAllElementsFromMap()
 {
     const stg::LogScope scope("ZARNEK:CLibraryManager:removeAllElementsFromMap()");
-    std::vector<IVendorLibrary*> distinct; // one that was inserted twice is deleted once
-    for (const auto& entry : m_libMap)
-        stg::appendDistinct(distinct, entry.second);
-    m_libMap.clear();
-    for (const IVendorLibrary* const library : distinct)
-        delete library;
+    LibraryMultimap libraries;
+    libraries.swap(m_libMap); // nobody finds a library that is going
+    for (auto entry = libraries.begin(); entry != libraries.end(); ++entry) {
+        IVendorLibrary* const library = entry->second;
+        // One that was inserted twice is deleted once, at its last place.
+        if (std::none_of(std::next(entry), libraries.end(),
+                         [library](const auto& later) { return later.second == library; }))
+            delete library;
+    }
     return stg::STATUS_SUCCESS;
 }

@@ -37,9 +37,10 @@ class CLibraryManager
     void* getLibHandleforVendorID(unsigned int vendorId);
     // Erases all entries with the pair's id; their objects are not deleted. Always 0.
     short removeElementFromMap(LibraryPair& pair);
-    // Deletes the object of the first entry with the pair's id, erases all with that id, inserts the pair.
+    // Deletes the object of the first entry with the pair's id, unless it is the pair's own, erases all with
+    // that id, inserts the pair.
     short updateLibraryMultiMap(LibraryPair& pair);
-    // Deletes every library and empties the map. Always 0.
+    // Empties the map and deletes every library that was in it. Always 0.
     short removeAllElementsFromMap();
 
   private:

@@ -18,7 +18,9 @@ bool CLibraryManager_Helper::checkControllerExistence(unsigned int vendorId, IVe
     if (vendorId != SDO_VIL_NUMBER)
         return false;
     try {
-        // The library is not registered yet, so this layer finds none and leaves the API alone when it goes.
+        // The library is not registered yet, so this layer finds none and leaves the API alone when it goes;
+        // on a repeated initialise it finds the earlier library, and initialises and finalises that one's
+        // API.
         const auto layer = std::make_unique<CMVLibraryInterfaceLayer>(vendorId, library->getLibHandle());
         return layer->getControllerCount(library) != 0;
     } catch (const std::bad_alloc&) {

@@ -12,7 +12,8 @@ class CLibraryManager_Helper
   public:
     virtual ~CLibraryManager_Helper() = default;
 
-    // True when the library sees at least one controller. Initialises the vendor's API, and leaves it so.
+    // True when the library sees at least one controller. Initialises its API and leaves it so; where an
+    // earlier library of the same vendor is registered, that one's API is initialised and finalised besides.
     bool checkControllerExistence(unsigned int vendorId, IVendorLibrary* library);
 };
 

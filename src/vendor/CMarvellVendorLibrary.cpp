@@ -100,8 +100,8 @@ short CMarvellVendorLibrary::setMarvellAPI()
         const bool bound = entry.bind(*this, dlsym(handle, entry.symbol));
         const bool tested = entry.tests == Tests::Own ? bound : m_gMV_API_INITIALIZE != nullptr;
         if (!tested)
-            stg::lout << "ZARNEK:CMarvellLibrary::setMarvellAPI(): "
-                      << "Failed to Retrieve Handle to " << entry.nameInMessage << "." << '\n';
+            stg::message("ZARNEK:CMarvellLibrary::setMarvellAPI()")
+                << "Failed to Retrieve Handle to " << entry.nameInMessage << "." << '\n';
     }
     return stg::STATUS_SUCCESS;
 }

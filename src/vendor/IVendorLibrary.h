@@ -1,18 +1,18 @@
 #ifndef ZARNEK_VENDOR_IVENDORLIBRARY_H
 #define ZARNEK_VENDOR_IVENDORLIBRARY_H
 
-#include <cstdint>
 #include <list>
 #include <string>
 
 // One closed vendor RAID library loaded into the process: its file name, its handle, its vendor id. A
 // subclass adds the entry points. Used in the order: construct, setLibHandle, setAPIName, then the accessors;
-// the object unloads its library when it goes. Written on one thread before it is published, only read
-// afterwards.
+// the object gives its handle back when it goes, and whoever still works with it must be gone by then: query
+// layers keep a plain pointer. Written on one thread before it is published, only read afterwards.
 class IVendorLibrary
 {
   public:
-    // `vendorId` counts by its leading decimal digits, 0 without any; `libName` is a file name without ".so".
+    // `vendorId` counts as strtol reads it in base 10, 0 without digits; `libName` is a file name without
+    // ".so".
     IVendorLibrary(std::string vendorId, std::string libName);
     IVendorLibrary(const IVendorLibrary&) = delete;
     IVendorLibrary& operator=(const IVendorLibrary&) = delete;
@@ -28,12 +28,6 @@ class IVendorLibrary
     virtual short unloadLibHandle(void* handle);
     virtual void* getLibHandle();
     virtual unsigned int getVendorId();
-
-    // The serial number of a library object that has not been destroyed, else 0; for any pointer, on any
-    // thread. No two objects have the same number, also when they stood at one address. A query layer that
-    // outlives its library learns by it that its pointer must not be followed. It guards against a library
-    // unloaded between two calls, not against one unloaded during a call.
-    static std::uint64_t serialNumberOf(const IVendorLibrary* library);
 
   private:
     std::string m_libName;

@@ -5,10 +5,12 @@
 #include "support/TextTools.h"
 
 #include <morlan.h>
+#include <zarnek_ini.h>
 
 #include <array>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 
 namespace stg
@@ -63,19 +65,18 @@ void scanLines(std::istream& file, const std::string& wantedSection, Sections se
 }
 
 // Opens the file below the install path and scans it. False without an install path or file.
-bool scanIniFile(const char* label, const char* noPathMessage, const std::string& filePath,
+bool scanIniFile(const LogScope& scope, const char* noPathMessage, const std::string& filePath,
                  std::string section, Sections sections, const DataLine& onData)
 {
     const std::string installPath = getVRAXInstallPath();
     if (installPath.empty()) {
         if (noPathMessage != nullptr)
-            lout << label << ": " << noPathMessage << '\n';
+            scope.message() << noPathMessage << '\n';
         return false;
     }
     std::ifstream file(installPath + filePath);
     if (!file.is_open()) {
-        lout << label << ": "
-             << "Cannot open ini file. File Name: " << filePath << '\n';
+        scope.message() << "Cannot open ini file. File Name: " << filePath << '\n';
         return false;
     }
     removeBeginingAndTrailingSpaces(section);
@@ -83,47 +84,44 @@ bool scanIniFile(const char* label, const char* noPathMessage, const std::string
     return true;
 }
 
-int readAllKeyValues(const char* label, std::map<unsigned int, unsigned int>& map,
+int readAllKeyValues(const LogScope& scope, std::map<unsigned int, unsigned int>& map,
                      const std::string& filePath, const std::string& section, Sections sections)
 {
     const auto insert = [&map](const std::string& key, const std::string& value) {
         map.emplace(toUnsigned32(key), toUnsigned32(value));
         return false;
     };
-    return scanIniFile(label, nullptr, filePath, section, sections, insert) ? 0 : INI_NOT_FOUND;
+    return scanIniFile(scope, nullptr, filePath, section, sections, insert) ? 0 : INI_NOT_FOUND;
 }
 
 } // namespace
 
 std::string getVRAXInstallPath()
 {
-    static constexpr char LABEL[] = "ZARNEK: stg::getVRAXInstallPath()";
-    const LogScope scope(LABEL);
+    const LogScope scope("ZARNEK: stg::getVRAXInstallPath()");
 
     std::string path;
     void* const text = sm_create();
     if (GetIniFilePath(text) != 0)
-        lout << LABEL << ": "
-             << "Not able to get Install Path." << '\n';
+        scope.message() << "Not able to get Install Path." << '\n';
     if (text != nullptr) {
         if (sm_strlen(text) != 0) {
+            // Also when there is no memory for the copy.
+            const std::unique_ptr<void, void (*)(void*)> freed(text, sm_destroy);
             path = static_cast<const char*>(text);
-            sm_destroy(text);
         } else {
             sm_destroy(text);
-            lout << LABEL << ": "
-                 << "str is empty." << '\n';
+            scope.message() << "str is empty." << '\n';
             sm_destroy(text); // an empty object is destroyed twice; the support library takes that
         }
     }
-    lout << LABEL << ": "
-         << "VRAX Install Path: " << path << '\n';
+    scope.message() << "VRAX Install Path: " << path << '\n';
     return path;
 }
 
 std::string readFromIniFile(std::string section, std::string key)
 {
-    std::array<char, 32> buffer{};
+    std::array<char, INI_VALUE_LIMIT + 1> buffer{};
     unsigned int size = buffer.size();
     SSGetPrivateIniValue(section.c_str(), key.c_str(), buffer.data(), &size);
     return textFromField(buffer.data(), buffer.size());
@@ -132,8 +130,9 @@ std::string readFromIniFile(std::string section, std::string key)
 void readFromIniFile(std::vector<SVendorInfo_t>& vendorInfo)
 {
     SVendorInfo_t vendor;
-    vendor.m_VendorID = readFromIniFile("VendorID", "Marvell");
-    vendor.m_LibName = readFromIniFile("VendorLibName", "Linux_" + vendor.m_VendorID);
+    vendor.m_VendorID = readFromIniFile(INI_VENDOR_ID_SECTION, INI_VENDOR_ID_KEY);
+    vendor.m_LibName =
+        readFromIniFile(INI_VENDOR_LIBRARY_SECTION, INI_VENDOR_LIBRARY_KEY_PREFIX + vendor.m_VendorID);
     lout << "ZARNEK: stg::readFromIniFile "
          << "tempVendorInfo->m_LibName" << vendor.m_LibName << '\n';
     vendorInfo.push_back(vendor);
@@ -141,8 +140,7 @@ void readFromIniFile(std::vector<SVendorInfo_t>& vendorInfo)
 
 int readFromIniFileAgainstKey(std::string filePath, std::string section, std::string keyword)
 {
-    static constexpr char LABEL[] = "ZARNEK:stg::readFromIniFileAgainstKey()";
-    const LogScope scope(LABEL);
+    const LogScope scope("ZARNEK:stg::readFromIniFileAgainstKey()");
 
     int result = INI_NOT_FOUND;
     removeAllSpaces(keyword);
@@ -152,7 +150,7 @@ int readFromIniFileAgainstKey(std::string filePath, std::string section, std::st
         result = static_cast<int>(toUnsigned32(value));
         return true;
     };
-    scanIniFile(LABEL, "Not able to generate entire file path.", filePath, section, Sections::OnlyNamed,
+    scanIniFile(scope, "Not able to generate entire file path.", filePath, section, Sections::OnlyNamed,
                 find);
     return result;
 }
@@ -167,42 +165,36 @@ int readFromIniFileAgainstKey(std::string filePath, std::string section, unsigne
 int writeToIniFileAgainstKey(std::string filePath, std::string section, std::string keyword,
                              unsigned int value)
 {
-    static constexpr char LABEL[] = "ZARNEK:stg::writeToIniFileAgainstKey()";
-    const LogScope scope(LABEL);
+    const LogScope scope("ZARNEK:stg::writeToIniFileAgainstKey()");
 
     std::string absolutePath = getVRAXInstallPath();
     if (absolutePath.empty())
         return INI_NOT_FOUND;
     absolutePath += filePath;
-    lout << LABEL << ": "
-         << "Absolute Path of " << filePath << " is " << absolutePath << '\n';
+    scope.message() << "Absolute Path of " << filePath << " is " << absolutePath << '\n';
     const std::string text = std::to_string(value);
-    lout << LABEL << ": "
-         << "Need to modify the " << keyword << " by " << text << '\n';
+    scope.message() << "Need to modify the " << keyword << " by " << text << '\n';
     const int status =
         SMWriteINIPathFileValue(section.c_str(), keyword.c_str(), 1, text.c_str(),
                                 static_cast<unsigned int>(text.size() + 1), absolutePath.c_str(), 1);
     if (status != 0)
-        lout << LABEL << ": "
-             << "Failed to write in " << filePath << " File under the section " << section << ". Keyword is "
-             << keyword << " and the value is " << text << '\n';
+        scope.message() << "Failed to write in " << filePath << " File under the section " << section
+                        << ". Keyword is " << keyword << " and the value is " << text << '\n';
     return status;
 }
 
 int readAllKeyValueFromIniFromSection(std::map<unsigned int, unsigned int>& map, std::string filePath,
                                       std::string section)
 {
-    static constexpr char LABEL[] = "ZARNEK:stg::readAllKeyValueFromIniFromSection()";
-    const LogScope scope(LABEL);
-    return readAllKeyValues(LABEL, map, filePath, section, Sections::OnlyNamed);
+    const LogScope scope("ZARNEK:stg::readAllKeyValueFromIniFromSection()");
+    return readAllKeyValues(scope, map, filePath, section, Sections::OnlyNamed);
 }
 
 int readAllKeyValueFromIniExceptSection(std::map<unsigned int, unsigned int>& map, std::string filePath,
                                         std::string section)
 {
-    static constexpr char LABEL[] = "ZARNEK:stg::readAllKeyValueFromIniExceptSection()";
-    const LogScope scope(LABEL);
-    return readAllKeyValues(LABEL, map, filePath, section, Sections::AllButNamed);
+    const LogScope scope("ZARNEK:stg::readAllKeyValueFromIniExceptSection()");
+    return readAllKeyValues(scope, map, filePath, section, Sections::AllButNamed);
 }
 
 int createAlertLookupTable(std::map<unsigned int, unsigned int>& map, std::string filePath,

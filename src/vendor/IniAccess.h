@@ -17,11 +17,6 @@
 namespace stg
 {
 
-// File, section and key of the event mapping and of the persisted event sequence number.
-constexpr char ALERT_MAPPING_FILE[] = "/MarvelAlertMapping.ini";
-constexpr char SEQUENCE_SECTION[] = "EventSequenceNumber";
-constexpr char SEQUENCE_KEY[] = "SequenceNumber";
-
 // What the readers and the writer return when there is no value, file or install path.
 constexpr int INI_NOT_FOUND = -1;
 

@@ -19,6 +19,7 @@ class LeaksByDesign
 {
   public:
 #ifdef ZARNEK_LEAK_SANITIZER
+    static constexpr bool WATCHED = true;
     LeaksByDesign()
     {
         __lsan_disable();
@@ -28,6 +29,7 @@ class LeaksByDesign
         __lsan_enable();
     }
 #else
+    static constexpr bool WATCHED = false;
     LeaksByDesign() = default;
     ~LeaksByDesign() {} // not trivial, so that an unused one is no warning
 #endif

@@ -5,6 +5,8 @@
 #include "morlan/morlan_inspect.h"
 #include "vendor/IniAccess.h"
 
+#include <zarnek_ini.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
@@ -29,7 +31,7 @@ class Installation
     std::string content() const { return m_folder.read(MAPPING); }
 
   private:
-    static constexpr const char* MAPPING = stg::ALERT_MAPPING_FILE + 1;
+    static constexpr const char* MAPPING = INI_ALERT_MAPPING_FILE + 1;
     TempFolder m_folder;
 };
 
@@ -63,18 +65,18 @@ void readAll(const std::string& content, const std::string& section, const std::
     for (const bool fromSection : {true, false}) {
         std::map<unsigned int, unsigned int> map;
         demand(givesUp([&] {
-                   stg::createAlertLookupTable(map, stg::ALERT_MAPPING_FILE, section, fromSection);
+                   stg::createAlertLookupTable(map, INI_ALERT_MAPPING_FILE, section, fromSection);
                }) == blankLine,
                "a table gives up at a blank line, and only there");
     }
     const bool gaveUp =
-        givesUp([&] { stg::readFromIniFileAgainstKey(stg::ALERT_MAPPING_FILE, section, key); });
+        givesUp([&] { stg::readFromIniFileAgainstKey(INI_ALERT_MAPPING_FILE, section, key); });
     demand(!gaveUp || blankLine, "a search gives up at blank lines only");
 }
 
 void writeAndReadBack(const std::string& section, const std::string& key, unsigned int number)
 {
-    if (stg::writeToIniFileAgainstKey(stg::ALERT_MAPPING_FILE, section, key, number) == 0)
+    if (stg::writeToIniFileAgainstKey(INI_ALERT_MAPPING_FILE, section, key, number) == 0)
         demand(stg::readFromIniFile(section, key) == std::to_string(number), "a written key is read back");
 }
 
@@ -94,11 +96,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     readAll(content, section, key);
     writeAndReadBack(section, key, static_cast<unsigned int>(size));
 
-    demand(stg::writeToIniFileAgainstKey(stg::ALERT_MAPPING_FILE, stg::SEQUENCE_SECTION, stg::SEQUENCE_KEY,
+    demand(stg::writeToIniFileAgainstKey(INI_ALERT_MAPPING_FILE, INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY,
                                          4294967294U) == 0,
            "the sequence number can be written into any file");
-    demand(stg::readFromIniFile(stg::SEQUENCE_SECTION, stg::SEQUENCE_KEY) == "4294967294",
+    demand(stg::readFromIniFile(INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY) == "4294967294",
            "the sequence number is read back");
-    readAll(installation.content(), stg::SEQUENCE_SECTION, stg::SEQUENCE_KEY);
+    readAll(installation.content(), INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY);
     return 0;
 }

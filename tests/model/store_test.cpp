@@ -1,5 +1,5 @@
 #include "common/PluginTest.h"
-#include "model/CController_Helper.h"
+#include "model/AttributeHelper.h"
 #include "model/CPhysicalDevice.h"
 #include "model/CVirtualDevice.h"
 #include "model/IController.h"

@@ -7,7 +7,9 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
+#include <future>
 #include <thread>
 
 namespace
@@ -73,20 +75,55 @@ TEST_F(Calls, AStringMayBeDestroyedTwice)
     sm_destroy(second);
 }
 
+// A sink that is being replaced: its context has to stay until it has returned.
+TEST_F(Calls, AReplacedSinkIsNoLongerRunning)
+{
+    struct Seen {
+        std::atomic<bool> entered{false};
+        std::atomic<bool> left{false};
+    } seen;
+    morlan_set_debug_sink(
+        [](void* context, const char*) {
+            static_cast<Seen*>(context)->entered = true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            static_cast<Seen*>(context)->left = true;
+        },
+        &seen);
+    std::thread printer([] { DebugPrint("slow"); });
+    while (!seen.entered)
+        std::this_thread::yield();
+    LineLog log;
+    morlan_set_debug_sink(LineLog::sink, &log);
+    EXPECT_TRUE(seen.left);
+    printer.join();
+
+    // One that replaces itself waits for nobody.
+    morlan_set_debug_sink([](void* next, const char*) { morlan_set_debug_sink(LineLog::sink, next); }, &log);
+    DebugPrint("to the one that goes");
+    DebugPrint("to the next");
+    EXPECT_THAT(log.lines(), ElementsAre("to the next"));
+}
+
 TEST_F(Calls, AMutexLetsOneThreadIn)
 {
+    using std::chrono::milliseconds;
     void* const mutex = SMMutexCreate(0);
     ASSERT_EQ(SMMutexLock(mutex, -1), 0);
-    std::atomic<bool> entered{false};
-    std::thread waiter([&] {
-        EXPECT_EQ(SMMutexLock(mutex, -1), 0);
-        entered = true;
-        EXPECT_EQ(SMMutexUnLock(mutex), 0);
+    ASSERT_EQ(SMMutexLock(mutex, -1), 0) << "its holder may lock it again";
+    auto patient = std::async(std::launch::async,
+                              [mutex] { return SMMutexLock(mutex, -1) == 0 && SMMutexUnLock(mutex) == 0; });
+    auto hasty = std::async(std::launch::async, [mutex] {
+        const auto start = std::chrono::steady_clock::now();
+        const bool refused = SMMutexLock(mutex, 30) != 0 || SMMutexUnLock(mutex) != 0;
+        return refused && std::chrono::steady_clock::now() - start >= milliseconds(30);
     });
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_FALSE(entered);
+    EXPECT_EQ(hasty.wait_for(milliseconds(5000)), std::future_status::ready);
     EXPECT_EQ(SMMutexUnLock(mutex), 0);
-    waiter.join();
+    EXPECT_EQ(patient.wait_for(milliseconds(20)), std::future_status::timeout) << "unlocked once of twice";
+    EXPECT_NE(SMMutexDestroy(mutex), 0) << "somebody holds it";
+    EXPECT_EQ(SMMutexUnLock(mutex), 0);
+    EXPECT_TRUE(patient.get());
+    EXPECT_TRUE(hasty.get());
     EXPECT_EQ(SMMutexDestroy(mutex), 0);
     EXPECT_EQ(morlan_live_mutexes(), 0U);
     for (void* gone : {mutex, static_cast<void*>(nullptr)})

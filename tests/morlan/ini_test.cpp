@@ -10,6 +10,8 @@
 #include <csignal>
 #include <cstring>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
@@ -28,16 +30,20 @@ std::optional<std::string> privateValue(const char* section, const char* key)
     return buffer;
 }
 
-int writeValue(const std::string& path, const char* section, const char* key, const std::string& value)
-{
-    return SMWriteINIPathFileValue(section, key, 1, value.c_str(),
-                                   static_cast<unsigned int>(value.size() + 1), path.c_str(), 1);
-}
+constexpr std::string_view KEYS = "abcdefghijklmnopqrst";
 
 class Ini : public testing::Test
 {
   protected:
     void TearDown() override { morlan_reset(); }
+
+    int writeKey(const std::string& file, const std::string& value, const std::string& section = "A",
+                 const std::string& key = "k") const
+    {
+        return SMWriteINIPathFileValue(section.c_str(), key.c_str(), 1, value.c_str(),
+                                       static_cast<unsigned int>(value.size() + 1), folder.path(file).c_str(),
+                                       1);
+    }
 
     const TempFolder folder;
 };
@@ -93,33 +99,30 @@ TEST_F(Ini, CutsAValueToTheRoomAndLeavesTheBufferOnFailure)
 TEST_F(Ini, WritesOneKeyAndKeepsTheRest)
 {
     const struct {
-        const char *what, *before; // null: no file
-        const char *section, *key, *value;
-        const char* after;
+        const char *what, *before, *value, *after; // of the key k of the section A
     } cases[] = {
-        {"no file", nullptr, "A", "k", "1", "[A]\nk=1\n"},
-        {"replace", "; top\n[A]\nj=0\nk=1\nk=2\n[B]\nk=3\n", "A", "k", "77",
-         "; top\n[A]\nj=0\nk=77\nk=2\n[B]\nk=3\n"},
-        {"replace in the style of the line", "[A]\n\tk = 1  \n", "A", "k", "2", "[A]\n\tk = 2\n"},
-        {"fill an empty value", "[A]\nk =\nl=\n", "A", "k", "2", "[A]\nk =2\nl=\n"},
-        {"comments are no keys", "[A]\n;k=1\n#k=2\n", "A", "k", "3", "[A]\n;k=1\n#k=2\nk=3\n"},
-        {"append between comments and blank lines", "[a]\n[A]\nK=0\n; more\n\n \t\n[B]\n", "A", "k", "1",
+        {"no file", nullptr, "1", "[A]\nk=1\n"},
+        {"replace", "; top\n[A]\nj=0\nk=1\nk=2\n[B]\nk=3\n", "77", "; top\n[A]\nj=0\nk=77\nk=2\n[B]\nk=3\n"},
+        {"replace in the style of the line", "[A]\n\tk = 1  \n", "2", "[A]\n\tk = 2\n"},
+        {"fill an empty value", "[A]\nk =\nl=\n", "2", "[A]\nk =2\nl=\n"},
+        {"comments are no keys", "[A]\n;k=1\n#k=2\n", "3", "[A]\n;k=1\n#k=2\nk=3\n"},
+        {"append between comments and blank lines", "[a]\n[A]\nK=0\n; more\n\n \t\n[B]\n", "1",
          "[a]\n[A]\nK=0\n; more\nk=1\n\n \t\n[B]\n"},
-        {"append, no line end", "[A]\nj=0", "A", "k", "1", "[A]\nj=0\nk=1"},
-        {"replace, no line end", "[A]\nk=0", "A", "k", "1", "[A]\nk=1"},
-        {"new section, no line end", "[A]\nk=0", "B", "k", "1", "[A]\nk=0\n[B]\nk=1"},
-        {"CR LF, replace", "[A]\r\nk=0\r\nl=1\r\n", "A", "k", "", "[A]\r\nk=\r\nl=1\r\n"},
-        {"CR LF, new section, no line end", "[A]\r\nj=0", "B", "k", "1", "[A]\r\nj=0\r\n[B]\r\nk=1"},
-        {"twice, key in the second", "[A]\ni=0\n[B]\n[A]\nk=0\n", "A", "k", "1", "[A]\ni=0\n[B]\n[A]\nk=1\n"},
-        {"twice, key in none", "[A]\ni=0\n[B]\n[A]\nj=0\n", "A", "k", "1", "[A]\ni=0\nk=1\n[B]\n[A]\nj=0\n"},
-        {"what fits no grammar stays", "nonsense\n[A\n=\n]\n[A]\n\x01\x80\n", "A", "k", "1",
+        {"append, no line end", "[A]\nj=0", "1", "[A]\nj=0\nk=1"},
+        {"replace, no line end", "[A]\nk=0", "1", "[A]\nk=1"},
+        {"new section, no line end", "[B]\nk=0", "1", "[B]\nk=0\n[A]\nk=1"},
+        {"CR LF, replace", "[A]\r\nk=0\r\nl=1\r\n", "", "[A]\r\nk=\r\nl=1\r\n"},
+        {"CR LF, new section, no line end", "[B]\r\nj=0", "1", "[B]\r\nj=0\r\n[A]\r\nk=1"},
+        {"twice, key in the second", "[A]\ni=0\n[B]\n[A]\nk=0\n", "1", "[A]\ni=0\n[B]\n[A]\nk=1\n"},
+        {"twice, key in none", "[A]\ni=0\n[B]\n[A]\nj=0\n", "1", "[A]\ni=0\nk=1\n[B]\n[A]\nj=0\n"},
+        {"what fits no grammar stays", "nonsense\n[A\n=\n]\n[A]\n\x01\x80\n", "1",
          "nonsense\n[A\n=\n]\n[A]\n\x01\x80\nk=1\n"},
     };
     for (const auto& write : cases) {
         std::filesystem::remove(folder.path("f.ini"));
         if (write.before != nullptr)
             folder.write("f.ini", write.before);
-        EXPECT_EQ(writeValue(folder.path("f.ini"), write.section, write.key, write.value), 0) << write.what;
+        EXPECT_EQ(writeKey("f.ini", write.value), 0) << write.what;
         EXPECT_EQ(folder.read("f.ini"), write.after) << write.what;
         EXPECT_EQ(folder.entries(), 1U) << write.what;
     }
@@ -132,19 +135,16 @@ TEST_F(Ini, KeepsModeAndLinks)
     std::filesystem::create_symlink("target.ini", folder.path("near.ini"));
     std::filesystem::create_symlink(folder.path("near.ini"), folder.path("far.ini"));
     std::filesystem::create_symlink("new.ini", folder.path("dangling.ini"));
-
-    EXPECT_EQ(writeValue(folder.path("far.ini"), "A", "k", "2"), 0);
-    EXPECT_EQ(folder.read("target.ini"), "[A]\nk=2\n");
-    EXPECT_EQ(writeValue(folder.path("dangling.ini"), "A", "k", "3"), 0);
-    EXPECT_EQ(folder.read("new.ini"), "[A]\nk=3\n");
+    const mode_t mask = umask(027);
+    for (const char* file : {"far.ini", "dangling.ini", "fresh.ini"})
+        EXPECT_EQ(writeKey(file, "2"), 0) << file;
+    umask(mask);
     for (const char* link : {"far.ini", "near.ini", "dangling.ini"})
         EXPECT_TRUE(std::filesystem::is_symlink(folder.path(link))) << link;
-
-    const mode_t mask = umask(027);
-    EXPECT_EQ(writeValue(folder.path("fresh.ini"), "A", "k", "1"), 0);
-    umask(mask);
-    for (const char* file : {"target.ini", "fresh.ini"})
+    for (const char* file : {"target.ini", "new.ini", "fresh.ini"}) {
+        EXPECT_EQ(folder.read(file), "[A]\nk=2\n") << file;
         EXPECT_EQ(static_cast<unsigned int>(std::filesystem::status(folder.path(file)).permissions()), 0640U);
+    }
 }
 
 TEST_F(Ini, AFailedWriteLeavesEverythingAsItWas)
@@ -153,49 +153,41 @@ TEST_F(Ini, AFailedWriteLeavesEverythingAsItWas)
     folder.write("f.ini", before);
     std::filesystem::create_directory(folder.path("folder.ini"));
     std::filesystem::create_symlink("circle.ini", folder.path("circle.ini"));
-    for (const char* path : {"missing/f.ini", "f.ini/f.ini", "folder.ini", "circle.ini"})
-        EXPECT_NE(writeValue(folder.path(path), "A", "k", "2"), 0) << path;
+    for (const char* file : {"missing/f.ini", "f.ini/f.ini", "folder.ini", "circle.ini"})
+        EXPECT_NE(writeKey(file, "2"), 0) << file;
 
     // A disk that fills up in the middle of the write.
     rlimit former = {};
     getrlimit(RLIMIT_FSIZE, &former);
-    rlimit full = former;
-    full.rlim_cur = 1000;
+    const rlimit full = {1000, former.rlim_max};
     const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &full);
-    const int status = writeValue(folder.path("f.ini"), "A", "k", "2");
+    EXPECT_NE(writeKey("f.ini", "2"), 0);
     setrlimit(RLIMIT_FSIZE, &former);
     std::signal(SIGXFSZ, formerHandler);
-    EXPECT_NE(status, 0);
-
     EXPECT_EQ(folder.read("f.ini"), before);
     EXPECT_EQ(folder.entries(), 3U);
 }
 
 TEST_F(Ini, ReadersSeeOldOrNewAndWritersLoseNothing)
 {
-    constexpr int WRITERS = 4;
-    constexpr int KEYS = 20;
-    const std::string filler(60000, '#');
-    folder.write("f.ini", filler + "\n[End]\nwhole=1\n");
-    std::atomic<int> writing{WRITERS};
+    folder.write("f.ini", std::string(60000, '#') + "\n[End]\nwhole=1\n");
+    morlan_set_private_ini(folder.path("f.ini").c_str());
+    std::atomic<int> writing{4};
     std::vector<std::thread> writers;
-    for (int writer = 0; writer < WRITERS; ++writer)
+    for (int writer = 0; writer < 4; ++writer)
         writers.emplace_back([&, section = "W" + std::to_string(writer)] {
-            for (int key = 0; key < KEYS; ++key)
-                writeValue(folder.path("f.ini"), section.c_str(), std::to_string(key).c_str(), "v");
+            for (const char key : KEYS)
+                writeKey("f.ini", "v", section, std::string(1, key));
             --writing;
         });
-    morlan_set_private_ini(folder.path("f.ini").c_str());
-    int torn = 0;
     while (writing > 0)
-        torn += privateValue("End", "whole") == "1" ? 0 : 1;
+        EXPECT_EQ(privateValue("End", "whole"), "1");
     for (std::thread& writer : writers)
         writer.join();
-    EXPECT_EQ(torn, 0);
-    for (int writer = 0; writer < WRITERS; ++writer)
-        for (int key = 0; key < KEYS; ++key)
-            EXPECT_EQ(privateValue(("W" + std::to_string(writer)).c_str(), std::to_string(key).c_str()), "v");
+    for (const char* section : {"W0", "W1", "W2", "W3"})
+        for (const char key : KEYS)
+            EXPECT_EQ(privateValue(section, std::string(1, key).c_str()), "v") << section << key;
 }
 
 } // namespace

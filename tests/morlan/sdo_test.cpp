@@ -98,22 +98,40 @@ TEST_F(Sdo, ACloneSharesNothing)
     EXPECT_EQ(morlan_live_sdo_objects(), 5U);
 }
 
+TEST_F(Sdo, RefusedAdditionsStoreNothing)
+{
+    const std::string before = content(object);
+    const std::uint32_t number = 1;
+    const struct {
+        const char* what;
+        int status;
+    } cases[] = {
+        {"null data", SMSDOConfigAddData(object, 1, SDO_TYPE_U32, nullptr, 4, 1)},
+        {"a null object in the place of a number", addNested(object, 1, nullptr)},
+        {"a null object in the place of an object", addNested(object, 2, nullptr)},
+        {"to a null object", SMSDOConfigAddData(nullptr, 1, SDO_TYPE_U32, &number, 4, 1)},
+        {"the object itself", addNested(object, 3, object)},
+        {"the object in what it holds", addNested(innermost, 3, object)},
+        {"what another one holds", addNested(object, 3, innermost)},
+    };
+    for (const auto& addition : cases)
+        EXPECT_NE(addition.status, 0) << addition.what;
+    EXPECT_EQ(content(object), before);
+    EXPECT_NE(SMSDOConfigFree(inner), 0) << "it goes with the one that holds it";
+    EXPECT_NE(SMSDOConfigFree(nullptr), 0);
+    EXPECT_EQ(SMSDOConfigClone(nullptr), nullptr);
+}
+
 TEST_F(Sdo, ReadsOnlyWhatFits)
 {
     addText(object, 4, "abc");
     const struct {
-        const char* what;
         unsigned short id;
         unsigned int room;
         bool delivered;
-    } cases[] = {
-        {"exact room", 4, 4, true},
-        {"more room", 4, 16, true},
-        {"one byte short", 4, 3, false},
-        {"absent id", 5, 16, false},
-    };
+    } cases[] = {{4, 4, true}, {4, 16, true}, {4, 3, false}, {5, 16, false}};
     for (const auto& read : cases) {
-        SCOPED_TRACE(read.what);
+        SCOPED_TRACE(testing::Message() << "id " << read.id << " with room for " << read.room);
         char buffer[16] = "untouched";
         unsigned int size = read.room;
         EXPECT_EQ(SMSDOConfigGetDataByID(object, read.id, 0, buffer, &size) == 0, read.delivered);

@@ -107,6 +107,20 @@ TEST_F(Threads, HeldThreadsWaitUntilLetGoOrStopped)
     second.stop(secondThread);
 }
 
+// A thread cannot wait for its own end.
+TEST_F(Threads, AThreadThatStopsItselfIsRefused)
+{
+    static std::atomic<void*> self;
+    static std::atomic<int> status{-1}; // both outlive the thread, whatever becomes of it
+    morlan_hold_threads(1);
+    self = SMThreadStart([](void*) { status = SMThreadStop(self); }, nullptr);
+    morlan_hold_threads(0);
+    ASSERT_EQ(morlan_wait_threads(5000), 0);
+    EXPECT_GT(status, 0);
+    EXPECT_EQ(SMThreadStop(self), 0);
+    EXPECT_GT(SMThreadStop(nullptr), 0);
+}
+
 std::atomic<int> g_hostSignals{0};
 
 TEST_F(Threads, TheHostsSignalsAreLeftAlone)

@@ -5,12 +5,15 @@
 #include "common/LineLog.h"
 #include "common/TempFolder.h"
 #include "mvsim/api/mvsim_control.h"
+#include "mvsim/model/EventCodes.h"
 #include <mv.h>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,20 +22,26 @@ MV_API_LIST(SIMTEST_DECLARE)
 #undef SIMTEST_DECLARE
 
 using Bytes = std::vector<unsigned char>;
+constexpr unsigned char UNTOUCHED = 0xee; // what the library has not written
 
-// A request buffer whose entries come after the header; what the library does not write stays 0xee.
+// What a list call has made of a buffer.
 struct Answer {
     unsigned int status = 0;
     unsigned int returned = 0;
-    Bytes entries;
+    Bytes entries; // all behind the header
 
-    // An entry, or one of its little-endian fields.
-    Bytes entry(std::size_t stride, std::size_t index = 0) const
+    template <class Record>
+    Record entry(std::size_t index) const
     {
-        const auto start = entries.begin() + static_cast<std::ptrdiff_t>(stride * index);
-        return {start, start + static_cast<std::ptrdiff_t>(stride)};
+        Record record;
+        std::memcpy(&record, entries.data() + index * sizeof record, sizeof record);
+        return record;
     }
-    unsigned int word(std::size_t offset) const { return entries[offset] + 256U * entries[offset + 1]; }
+    bool isUntouchedFrom(std::size_t offset) const
+    {
+        return std::all_of(entries.begin() + static_cast<std::ptrdiff_t>(offset), entries.end(),
+                           [](unsigned char byte) { return byte == UNTOUCHED; });
+    }
 };
 
 using ListCall = unsigned int (*)(unsigned char, _Info_Request*);
@@ -43,12 +52,17 @@ class SimTest : public testing::Test
     SimTest() { mvsim_reset(); }
     ~SimTest() override { mvsim_reset(); }
 
+    // The message, which is empty when the file loads.
     std::string tryLoad(const std::string& file) const
     {
         std::array<char, 1000> message{};
         const int status = mvsim_load_scenario(file.c_str(), message.data(), message.size());
         EXPECT_EQ(status != 0, message[0] != '\0');
         return message.data();
+    }
+    void loadFile(const std::string& name) const
+    {
+        ASSERT_EQ(tryLoad(std::string(MVSIM_TESTS_FOLDER "/scenarios/") + name), "");
     }
     void load(const std::string& text)
     {
@@ -65,7 +79,7 @@ class SimTest : public testing::Test
     static Answer ask(ListCall call, std::uint8_t type, std::uint16_t start, std::uint16_t requested,
                       unsigned char adapter = 0)
     {
-        Bytes buffer(sizeof(_Info_Request) + 16000, 0xee);
+        Bytes buffer(sizeof(_Info_Request) + 16000, UNTOUCHED);
         _Info_Request request{0, type, start, requested, 0x7777, {}};
         std::memcpy(buffer.data(), &request, sizeof request);
         Answer answer;
@@ -81,18 +95,30 @@ class SimTest : public testing::Test
     {
         return ask(call, MV_REQUEST_LIST, 0, requested, adapter);
     }
-    // The status flags of a disk; 0x100 and more: a failed call's status.
-    static unsigned int diskFlags(std::uint16_t id)
+    static std::vector<unsigned int> diskIds(unsigned char adapter = 0)
+    {
+        const Answer answer = list(&MV_PD_GetHDInfo_Ext, 20, adapter);
+        std::vector<unsigned int> ids;
+        for (unsigned int i = 0; i < answer.returned; ++i) {
+            ids.push_back(answer.entry<_HD_Info>(i).HD_Id);
+        }
+        return ids;
+    }
+    // The status flags of a disk; nothing when the call is refused.
+    static std::optional<unsigned int> diskStatus(std::uint16_t id)
     {
         _HD_RAID_Status_Request request{};
-        request.Header.RequestType = MV_REQUEST_ONE_DEVICE;
-        request.Header.StartIndexOrId = id;
-        request.Header.NumRequested = 1;
-        const unsigned int status = MV_PD_GetHDRaidStatus(0, &request);
-        return status == 0 ? request.RaidStatusFlags : 0x100 + status;
+        request.Header = {0, MV_REQUEST_ONE_DEVICE, id, 1, 0, {}};
+        const bool told = MV_PD_GetHDRaidStatus(0, &request) == 0;
+        return told ? std::optional<unsigned int>(request.RaidStatusFlags) : std::nullopt;
+    }
+    static unsigned int configStatus()
+    {
+        _Adapter_Config_V2 config{};
+        return MV_Adapter_GetConfig(0, nullptr, &config);
     }
 
-    // The events of one poll as "class/code/device#sequence".
+    // The events of one poll, such as "7: diskFailed 3": sequence number, name, device.
     static std::vector<std::string> poll(unsigned char adapter = 0, unsigned int maximum = MV_MAX_EVENTS)
     {
         std::array<_Event, MV_MAX_EVENTS> events{};
@@ -101,8 +127,14 @@ class SimTest : public testing::Test
         std::vector<std::string> texts;
         for (std::size_t i = 0; i < count && i < events.size(); ++i) {
             const _Event& event = events[i];
-            texts.push_back(std::to_string(event.EventClass) + "/" + std::to_string(event.EventCode) + "/" +
-                            std::to_string(event.EventDeviceId) + "#" + std::to_string(event.EventSequence));
+            std::string name = std::to_string(event.EventClass) + "/" + std::to_string(event.EventCode);
+            for (const mvsim::EventCode& row : mvsim::EVENT_CODES) {
+                if (row.eventClass == event.EventClass && row.code == event.EventCode) {
+                    name = row.name;
+                }
+            }
+            texts.push_back(std::to_string(event.EventSequence) + ": " + name + " " +
+                            std::to_string(event.EventDeviceId));
         }
         return texts;
     }

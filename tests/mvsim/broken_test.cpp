@@ -10,7 +10,7 @@ using BrokenTest = SimTest;
 
 TEST_F(BrokenTest, EachFileHasItsMessage)
 {
-    const std::filesystem::path folder = BROKEN_FOLDER;
+    const std::filesystem::path folder = MVSIM_TESTS_FOLDER "/broken";
     std::map<std::string, std::string> expected;
     std::ifstream table(folder / "messages.txt");
     for (std::string line; std::getline(table, line);) {

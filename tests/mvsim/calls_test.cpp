@@ -22,13 +22,13 @@ TEST_F(CallsTest, ListsAndSingleDevices)
         unsigned int status;
         std::vector<unsigned int> ids; // of the disks returned
     } cases[] = {
-        {1, 0, 5, 0, {40, 41, 42, 50, 51}},
-        {1, 2, 2, 0, {42, 50}},
-        {1, 65535, 65535, 0, {}},
-        {2, 50, 9, 0, {50}},
-        {2, 43, 1, 5, {}},
-        {2, 90, 1, 5, {}},
-        {3, 0, 5, 5, {}},
+        {MV_REQUEST_LIST, 0, 5, 0, {40, 41, 42, 50, 51}},
+        {MV_REQUEST_LIST, 2, 2, 0, {42, 50}},
+        {MV_REQUEST_LIST, 65535, 65535, 0, {}},
+        {MV_REQUEST_ONE_DEVICE, 50, 9, 0, {50}},
+        {MV_REQUEST_ONE_DEVICE, 43, 1, MV_ERR_REQ_OUT_OF_RANGE, {}},
+        {MV_REQUEST_ONE_DEVICE, 90, 1, MV_ERR_REQ_OUT_OF_RANGE, {}},
+        {3, 0, 5, MV_ERR_REQ_OUT_OF_RANGE, {}},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(testing::Message() << +row.type << " from " << row.start << ", " << row.requested);
@@ -37,11 +37,14 @@ TEST_F(CallsTest, ListsAndSingleDevices)
         ASSERT_EQ(infos.returned, row.status == 0 ? row.ids.size() : 0x7777U)
             << "a refused call writes nothing";
         for (std::size_t i = 0; i < row.ids.size(); ++i) {
-            EXPECT_EQ(infos.word(i * 248 + 0x24), row.ids[i]);
+            EXPECT_EQ(infos.entry<_HD_Info>(i).HD_Id, row.ids[i]);
         }
-        EXPECT_EQ(infos.entries[248 * row.ids.size()], 0xee);
+        EXPECT_TRUE(infos.isUntouchedFrom(row.ids.size() * sizeof(_HD_Info)));
     }
-    EXPECT_EQ(diskFlags(1), 0x100 + MV_ERR_REQ_OUT_OF_RANGE) << "a slot is no id";
+    EXPECT_EQ(diskStatus(1), std::nullopt) << "a slot is no id";
+    _HD_RAID_Status_Request every{};
+    every.Header = {0, MV_REQUEST_LIST, 0, 1, 0, {}};
+    EXPECT_EQ(MV_PD_GetHDRaidStatus(0, &every), MV_ERR_REQ_OUT_OF_RANGE) << "there is room for one";
 }
 
 TEST_F(CallsTest, AdaptersThatAreNotThere)
@@ -69,13 +72,12 @@ TEST_F(CallsTest, PlannedFailures)
     for (const auto& [rule, statuses] : rules) {
         loadAdapter(std::string(R"("fail": {"MV_Adapter_GetConfig": )") + rule + "}");
         for (const unsigned int status : statuses) {
-            _Adapter_Config_V2 config{};
-            EXPECT_EQ(MV_Adapter_GetConfig(0, nullptr, &config), status) << rule;
+            EXPECT_EQ(configStatus(), status) << rule;
         }
     }
     loadAdapter(FIVE_DISKS + R"(, "fail": {"MV_PD_GetConfig": 1, "MV_LD_GetInfo": 256})",
                 R"("fail": {"MV_API_Version": 4})");
-    EXPECT_THAT(list(&MV_PD_GetConfig).entries, Each(0xee)) << "nothing is written";
+    EXPECT_TRUE(list(&MV_PD_GetConfig).isUntouchedFrom(0));
     EXPECT_EQ(list(&MV_LD_GetInfo).returned, 2U) << "callers see the low byte alone, a success";
     EXPECT_EQ(MV_API_Version(), 4U);
 }
@@ -97,9 +99,11 @@ TEST_F(CallsTest, AnswersOfAnotherLength)
         loadAdapter(FIVE_DISKS + R"(, "answers": {"MV_PD_GetConfig": )" + row.rule + "}");
         const Answer answer = list(&MV_PD_GetConfig);
         EXPECT_EQ(answer.returned, row.claimed);
-        EXPECT_TRUE(row.filled == 0 || answer.entries[row.filled * 8 - 1] != 0xee);
-        EXPECT_EQ(answer.entries[row.filled * 8], 0xee);
-        EXPECT_EQ(list(&MV_PD_GetConfig, 1).entries[8], 0xee) << "never more than were requested";
+        const std::size_t end = row.filled * sizeof(_HD_CONFIG);
+        EXPECT_TRUE(row.filled == 0 || answer.entries[end - 1] != UNTOUCHED);
+        EXPECT_TRUE(answer.isUntouchedFrom(end));
+        EXPECT_TRUE(list(&MV_PD_GetConfig, 1).isUntouchedFrom(sizeof(_HD_CONFIG)))
+            << "never more than were requested";
     }
 }
 

@@ -37,7 +37,9 @@ class RecordsTest : public SimTest
     Bytes record(const Device& device, const std::string& members)
     {
         loadAdapter(device.list + (members.empty() ? "" : ", " + members) + "}]");
-        return list(device.call).entry(device.size);
+        Bytes bytes = list(device.call).entries;
+        bytes.resize(device.size);
+        return bytes;
     }
 };
 
@@ -90,13 +92,7 @@ TEST_F(RecordsTest, OneDisk)
 
 TEST_F(RecordsTest, Adapters)
 {
-    load(R"({"format": 1, "name": "", "adapters": [{
-        "slot": 67305985, "model": 1541, "ports": 7, "maxBufferKB": 2312, "rom": [257, 514, 771, 1028],
-        "alarm": true, "rebuildRate": 128,
-        "raw": {"info": {"0x12f": "99"}, "config": {"0x3f": "98"}, "oem": {"0x47": "97"}},
-        "disks": [{"id": 1, "slot": 1, "repeat": 3}, {"id": 9, "slot": 9, "gone": true}],
-        "virtualDisks": [{"id": 5}, {"id": 6}]
-      }, {"slot": 0, "maxBufferKB": 0, "pdCount": 200, "vdCount": 201}]})");
+    loadFile("adapters.json");
     Bytes info(304, 0xee);
     auto* infoRecord = reinterpret_cast<_Adapter_Info*>(info.data());
     unsigned int count = 0;

@@ -7,61 +7,33 @@ namespace
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class TimelineTest : public SimTest
-{
-  protected:
-    // Ids of the disks that the list shows.
-    static std::vector<unsigned int> disks(unsigned char adapter = 0)
-    {
-        const Answer answer = list(&MV_PD_GetHDInfo_Ext, 20, adapter);
-        std::vector<unsigned int> ids;
-        for (unsigned int i = 0; i < answer.returned; ++i) {
-            ids.push_back(answer.word(i * 248 + 0x24));
-        }
-        return ids;
-    }
-    static unsigned int configStatus()
-    {
-        _Adapter_Config_V2 config{};
-        return MV_Adapter_GetConfig(0, nullptr, &config);
-    }
-};
+using TimelineTest = SimTest;
 
 TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
 {
-    loadAdapter(R"("disks": [{"id": 1, "slot": 0}, {"id": 2, "slot": 1}, {"id": 3, "slot": 0, "gone": true}],
-                   "virtualDisks": [{"id": 5, "name": "DATA"}])",
-                R"("timeline": [
-        {"poll": 4, "disks": [{"id": 3, "back": true}]},
-        {"poll": 2, "virtualDisks": [{"id": 5, "status": "degraded", "members": [1, 2]}], "controller": {"rebuildRate": 9}},
-        {"poll": 3, "disks": [{"id": 1, "gone": true}]},
-        {"poll": 5, "virtualDisks": [{"id": 5, "gone": true}], "disks": [{"id": 3, "slot": 1}, {"id": 2, "slot": 0}]}])");
+    loadFile("steps.json");
     poll();
     poll();
-    const Answer drive = list(&MV_LD_GetInfo);
-    EXPECT_EQ(drive.entries[0x02], 1);
-    EXPECT_EQ(drive.entries[0x20], 'D') << "what a step does not name stays";
+    const auto drive = list(&MV_LD_GetInfo).entry<_LD_Info>(0);
+    EXPECT_EQ(drive.LDStatus, MV_DRIVE_DEGRADED);
+    EXPECT_STREQ(drive.LDName, "DATA") << "what a step does not name stays";
     _Adapter_Config_V2 config{};
     EXPECT_EQ(MV_Adapter_GetConfig(0, nullptr, &config), 0U);
     EXPECT_EQ(config.RebuildRate, 9);
     poll();
-    EXPECT_THAT(disks(), ElementsAre(2));
-    EXPECT_EQ(diskFlags(1), 0x105U);
+    EXPECT_THAT(diskIds(), ElementsAre(2));
+    EXPECT_EQ(diskStatus(1), std::nullopt);
     poll();
-    EXPECT_THAT(disks(), ElementsAre(2, 3));
+    EXPECT_THAT(diskIds(), ElementsAre(2, 3));
     poll();
     EXPECT_EQ(list(&MV_LD_GetInfo).returned, 0U);
-    EXPECT_EQ(list(&MV_PD_GetConfig).word(0x06), 0U) << "the two have changed places";
-    EXPECT_EQ(list(&MV_PD_GetConfig).word(0x0e), 1U);
+    EXPECT_EQ(list(&MV_PD_GetConfig).entry<_HD_CONFIG>(0).SlotNumber, 0) << "the two have changed places";
+    EXPECT_EQ(list(&MV_PD_GetConfig).entry<_HD_CONFIG>(1).SlotNumber, 1);
 }
 
 TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
 {
-    load(R"({"format": 1, "name": "", "sequence": 10,
-        "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64, "disks": [{"id": 4, "slot": 4}]}],
-        "timeline": [{"poll": 2, "adapter": 1, "disks": [{"id": 4, "gone": true}],
-                      "events": [{"class": 2, "code": 7, "device": 3}, {"class": 9, "code": 8, "sequence": 4294967295, "raw": {"8": "0601"}}]},
-                     {"poll": 1, "events": [{"class": 0, "code": 8}]}]})");
+    loadFile("two-adapters.json");
     using Seen = std::vector<std::array<unsigned int, 6>>;
     Seen seen;
     mvsim_set_event_sink(
@@ -73,30 +45,27 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
         &seen);
     EXPECT_THAT(poll(1), IsEmpty());
     EXPECT_EQ(mvsim_polls(), 0U);
-    EXPECT_THAT(poll(0), ElementsAre("0/8/0#11"));
-    EXPECT_THAT(disks(1), ElementsAre(4));
-    EXPECT_THAT(poll(1, 1), ElementsAre("2/7/3#12")) << "the numbers run over all adapters";
-    EXPECT_THAT(disks(1), IsEmpty());
+    EXPECT_THAT(poll(0), ElementsAre("11: 0/8 0"));
+    EXPECT_THAT(diskIds(1), ElementsAre(4));
+    EXPECT_THAT(poll(1, 1), ElementsAre("12: 2/7 3")) << "the numbers run over all adapters";
+    EXPECT_THAT(diskIds(1), IsEmpty());
     EXPECT_EQ(seen.size(), 2U) << "not yet what waits";
-    EXPECT_THAT(poll(1), ElementsAre("9/8/262#4294967295"));
+    EXPECT_THAT(poll(1), ElementsAre("4294967295: 9/8 262"));
     EXPECT_EQ(seen, (Seen{{0, 0, 8, 0, 11, 1}, {1, 2, 7, 3, 12, 1}, {1, 9, 8, 262, 4294967295U, 1}}));
 }
 
 TEST_F(TimelineTest, EventsBeyondFiftyWait)
 {
-    const char* const burst =
-        R"("timeline": [{"poll": 1, "events": [{"code": "diskFailed", "device": 3, "repeat": 70}]},
-                        {"poll": 2, "events": [{"code": "virtualDiskDegraded", "device": 1, "repeat": 35}]}])";
-    loadAdapter("", burst);
+    loadFile("burst.json");
     EXPECT_EQ(poll().size(), 50U);
     const auto second = poll();
     ASSERT_EQ(second.size(), 50U);
-    EXPECT_EQ(second[19], "2/201/3#70") << "older events go first";
-    EXPECT_EQ(second[20], "1/103/1#71");
-    EXPECT_EQ(poll().back(), "1/103/1#105");
+    EXPECT_EQ(second[19], "70: diskFailed 3") << "older events go first";
+    EXPECT_EQ(second[20], "71: virtualDiskDegraded 1");
+    EXPECT_EQ(poll().back(), "105: virtualDiskDegraded 1");
     EXPECT_THAT(poll(), IsEmpty());
 
-    loadAdapter("", burst);
+    loadFile("burst.json");
     EXPECT_EQ(poll(0, 7).size(), 7U) << "never more than the caller has room for";
     EXPECT_EQ(MV_EVT_FlushEvent(0), 0U);
     EXPECT_EQ(poll().size(), 35U) << "what waited is gone";
@@ -105,48 +74,43 @@ TEST_F(TimelineTest, EventsBeyondFiftyWait)
 TEST_F(TimelineTest, SequenceNumbers)
 {
     const std::string timeline = R"("timeline": [
-        {"poll": 1, "events": [{"code": 1, "class": 0}, {"code": 2, "class": 0, "sequence": 900}, {"code": 3, "class": 0}]},
-        {"poll": 2, "events": [{"code": 4, "class": 0}]}, {"poll": 3, "events": [{"code": 5, "class": 0}]}])";
+        {"poll": 1, "events": [{"code": "diskOnline"}, {"code": "diskOnline", "sequence": 900}, {"code": "diskOnline"}]},
+        {"poll": 2, "events": [{"code": "diskFailed"}]}, {"poll": 3, "events": [{"code": "diskFailed"}]}])";
     loadAdapter("", timeline);
-    EXPECT_THAT(poll(), ElementsAre("0/1/0#1", "0/2/0#900", "0/3/0#2"));
+    EXPECT_THAT(poll(), ElementsAre("1: diskOnline 0", "900: diskOnline 0", "2: diskOnline 0"));
     mvsim_set_sequence_base(500);
-    EXPECT_THAT(poll(), ElementsAre("0/4/0#501"));
+    EXPECT_THAT(poll(), ElementsAre("501: diskFailed 0"));
     mvsim_set_sequence_base(0);
-    EXPECT_THAT(poll(), ElementsAre("0/5/0#502")) << "the numbers never go back";
+    EXPECT_THAT(poll(), ElementsAre("502: diskFailed 0")) << "the numbers never go back";
 
     mvsim_set_sequence_base(40);
     loadAdapter("", R"("sequence": 30, )" + timeline);
-    EXPECT_EQ(poll().front(), "0/1/0#41") << "the base survives loading";
+    EXPECT_EQ(poll().front(), "41: diskOnline 0") << "the base survives loading";
     loadAdapter("", R"("sequence": 50, )" + timeline);
-    EXPECT_EQ(poll().front(), "0/1/0#51");
+    EXPECT_EQ(poll().front(), "51: diskOnline 0");
 }
 
 TEST_F(TimelineTest, RulesComeAndGo)
 {
-    loadAdapter(
-        R"("fail": {"MV_Adapter_GetConfig": 9, "MV_LD_GetConfig": {"status": 3, "polls": 1}}, "disks": [{"id": 1, "slot": 0}])",
-        R"("timeline": [
-        {"poll": 2, "fail": {"MV_EVT_GetEvent": {"status": 187, "polls": 2}, "MV_Adapter_GetConfig": 0},
-                    "answers": {"MV_PD_GetHDInfo_Ext": {"count": 0}},
-                    "events": [{"code": "controllerWarning"}]},
-        {"poll": 5, "answers": {"MV_PD_GetHDInfo_Ext": {}}, "fail": {"MV_LD_GetInfo": {"status": 1, "polls": 3}}}])");
+    loadFile("rules.json");
     EXPECT_EQ(mvsim_last_poll(), 8U) << "the end of the last failure counts";
     poll();
     EXPECT_EQ(configStatus(), 9U);
     EXPECT_EQ(list(&MV_LD_GetConfig).status, 3U);
 
-    std::array<_Event, 50> events{};
+    _Event event{};
     unsigned int count = 77;
-    EXPECT_EQ(MV_EVT_GetEvent(0, 50, &count, events.data()), 187U);
-    EXPECT_EQ(configStatus(), 0U);
-    EXPECT_EQ(list(&MV_LD_GetConfig).status, 0U);
-    EXPECT_THAT(disks(), IsEmpty());
-    EXPECT_EQ(MV_EVT_GetEvent(0, 50, &count, events.data()), 187U);
+    for (const unsigned int failing : {2U, 3U}) {
+        EXPECT_EQ(MV_EVT_GetEvent(0, 1, &count, &event), MV_ERR_RESCANING);
+        EXPECT_EQ(mvsim_polls(), failing) << "a failed poll is one all the same";
+        EXPECT_EQ(configStatus(), 0U);
+        EXPECT_EQ(list(&MV_LD_GetConfig).status, 0U);
+        EXPECT_THAT(diskIds(), IsEmpty());
+    }
     EXPECT_EQ(count, 77U);
-    EXPECT_EQ(mvsim_polls(), 3U) << "a failed poll is one all the same";
-    EXPECT_THAT(poll(), ElementsAre("0/1/0#1")) << "the event waited";
+    EXPECT_THAT(poll(), ElementsAre("1: controllerWarning 0")) << "the event waited";
     poll();
-    EXPECT_THAT(disks(), ElementsAre(1));
+    EXPECT_THAT(diskIds(), ElementsAre(1));
 }
 
 } // namespace

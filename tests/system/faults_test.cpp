@@ -24,8 +24,9 @@ struct FaultCase {
     const char* call;
     FailCall fail;
     CountCalls count;
-    bool givesBack;    // its failure leaks by its own nature
-    bool dropsLibrary; // and so does that of a library that sees no controller
+    bool givesBack;         // its failure leaks by its own nature
+    bool dropsLibrary;      // and so does that of a library that sees no controller
+    bool losesNotification; // an alert that refuses the object of its notification leaves it to nobody
 };
 
 void PrintTo(const FaultCase& fault, std::ostream* stream)
@@ -60,8 +61,9 @@ TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
         quiet.substr(0, quiet.rfind('}')) +
         R"(, "timeline": [{"poll": 1, "events": [{"code": "diskFailed", "device": 0}]}]})";
     for (const auto& [howMany, alerts] : {std::pair(1U, false), {0U, false}, {1U, true}, {0U, true}}) {
-        if (fault.givesBack && alerts)
-            continue; // the event thread's leaks would not be known as such
+        // The event thread's leaks would not be known as such.
+        if (alerts && (fault.givesBack || (fault.losesNotification && LeaksByDesign::WATCHED)))
+            continue;
         for (unsigned int nth = 1;; ++nth) {
             SCOPED_TRACE(std::string(howMany == 1 ? "once" : "from then on") + ", at call " +
                          std::to_string(nth) + (alerts ? ", with an alert" : ""));
@@ -77,7 +79,10 @@ TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
             morlan_clear_faults();
             ral_clear_faults();
             ral_reset();
-            EXPECT_TRUE(held() == before || fault.givesBack);
+            auto after = held();
+            if (fault.losesNotification && alerts && after[0] == before[0] + 1)
+                --after[0]; // there is one alert
+            EXPECT_TRUE(after == before || fault.givesBack);
             EXPECT_EQ(morlan_running_threads(), 0U);
             if (HasFailure())
                 return;
@@ -91,13 +96,14 @@ TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
     }
 }
 
-FaultCase morlan(const char* call, bool givesBack = false, bool dropsLibrary = false)
+FaultCase morlan(const char* call, bool givesBack = false, bool dropsLibrary = false,
+                 bool losesNotification = false)
 {
-    return {call, morlan_fail_call, morlan_call_count, givesBack, dropsLibrary};
+    return {call, morlan_fail_call, morlan_call_count, givesBack, dropsLibrary, losesNotification};
 }
 FaultCase ral(const char* call, bool givesBack = false)
 {
-    return {call, ral_fail_call, ral_call_count, givesBack, false};
+    return {call, ral_fail_call, ral_call_count, givesBack, false, false};
 }
 const FaultCase FAULTS[] = {
     morlan("SMMutexCreate"),
@@ -111,10 +117,10 @@ const FaultCase FAULTS[] = {
     morlan("GetIniFilePath"),
     morlan("SSGetPrivateIniValue", false, true),
     morlan("SMWriteINIPathFileValue"),
-    morlan("SMSDOConfigAlloc"),
+    morlan("SMSDOConfigAlloc", false, false, true),
     morlan("SMSDOConfigFree", true),
     morlan("SMSDOConfigClone"),
-    morlan("SMSDOConfigAddData"),
+    morlan("SMSDOConfigAddData", false, false, true),
     morlan("SMSDOConfigGetDataByID"),
     ral("RalInsertObject"),
     ral("RalLinkObjects"),

@@ -138,19 +138,4 @@ TEST_F(OutcomeTest, ForeignObjectsOfTheSameNumberAreLeftAlone)
     SMSDOConfigFree(foreign);
 }
 
-TEST_F(OutcomeTest, AnotherLibraryIsNotTakenForTheOneThatIsGone)
-{
-    m_engine.loadScenario(SMALL);
-    m_engine.loadPlugin();
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U) << "without a stop: the manager lives on";
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
-    EXPECT_EQ(m_engine.discover(0), 0U);
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
-    EXPECT_EQ(m_engine.discover(0), 2U) << "two libraries by now";
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
-    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
-}
-
 } // namespace

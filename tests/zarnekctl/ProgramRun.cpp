@@ -1,11 +1,8 @@
 #include "zarnekctl/ProgramRun.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <sstream>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -13,21 +10,10 @@
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-using nlohmann::json;
-
 Words joined(Words words, const Words& more)
 {
     words.insert(words.end(), more.begin(), more.end());
     return words;
-}
-
-std::vector<json> jsonLines(const std::string& text)
-{
-    std::vector<json> records;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        records.push_back(json::parse(line));
-    return records;
 }
 
 RunningProgram::RunningProgram(const Words& arguments, Words environment)
@@ -96,26 +82,4 @@ void ProgramState::setMapping(const std::string& content) const
 {
     std::filesystem::create_directories(folder.path("state/zarnek"));
     folder.write("state/zarnek/MarvelAlertMapping.ini", content);
-}
-
-std::string goldenFile(const std::string& name)
-{
-    return ZARNEK_SOURCE_DIR "/tests/zarnekctl/golden/" + name;
-}
-
-std::string goldenText(const std::string& name)
-{
-    return TempFolder::readFile(goldenFile(name));
-}
-
-void expectMembers(const std::vector<json>& objects, const std::string& golden)
-{
-    const auto expected = jsonLines(goldenText(golden));
-    ASSERT_EQ(objects.size(), expected.size());
-    for (std::size_t index = 0; index < objects.size(); ++index) {
-        const json members = expected[index].flatten();
-        for (const auto& [place, value] : members.items())
-            EXPECT_EQ(objects[index].value(json::json_pointer(place), json("absent")), value)
-                << index << place;
-    }
 }

@@ -1,10 +1,9 @@
 // zarnekctl run as its users run it: as a program, with a state folder of its own.
-#ifndef ZARNEK_TESTS_ZARNEKCTL_PROGRAM_RUN_H
-#define ZARNEK_TESTS_ZARNEKCTL_PROGRAM_RUN_H
+#ifndef ZARNEK_TESTS_ZARNEKCTL_PROGRAMRUN_H
+#define ZARNEK_TESTS_ZARNEKCTL_PROGRAMRUN_H
 
 #include "common/TempFolder.h"
-
-#include <nlohmann/json.hpp>
+#include "zarnekctl/Golden.h"
 
 #include <string>
 #include <sys/types.h>
@@ -12,8 +11,6 @@
 
 using Words = std::vector<std::string>;
 Words joined(Words words, const Words& more);
-// One JSON object for each line.
-std::vector<nlohmann::json> jsonLines(const std::string& text);
 
 struct ProgramResult {
     int status = -1; // exit status; -1 when a signal ended it
@@ -57,12 +54,5 @@ struct ProgramState {
     std::string mapping() const { return folder.read("state/zarnek/MarvelAlertMapping.ini"); }
     void setMapping(const std::string& content) const;
 };
-
-// A file beside these tests that holds what the program reads, or what it is to print; after a wanted change
-// of the output the file is written anew and read by its author.
-std::string goldenFile(const std::string& name);
-std::string goldenText(const std::string& name);
-// Each of the objects has at least the members that its line in the golden file has.
-void expectMembers(const std::vector<nlohmann::json>& objects, const std::string& golden);
 
 #endif

@@ -1,9 +1,8 @@
-// The folder of the configuration, the check of its files, and the mapping file's grammar.
+// The folder of the configuration and the check of its files.
 #include "common/TempFolder.h"
-#include "morlan/morlan_inspect.h"
+#include "zarnekctl/Golden.h"
 #include "zarnekctl/config/ConfigCheck.h"
 #include "zarnekctl/config/ConfigFolder.h"
-#include "zarnekctl/config/MappingFile.h"
 
 #include <gmock/gmock.h>
 
@@ -26,71 +25,21 @@ TEST(ConfigFolder, copiesOfWriteProtectedFilesAreTheUsersToChange)
 
 TEST(ConfigCheck, findsWhatKeepsARunFromWorking)
 {
-    const std::string id = "[VendorID]\nMarvell=9\n";
-    const std::string library = "[VendorLibName]\nLinux_9=";
-    const std::string adapter = "[Adapter]\n1=2048\n";
-    const std::string sequence = "[EventSequenceNumber]\nSequenceNumber=";
-    const std::string ini = "; comment\n# of both kinds\n\n" + id + "[VendorLibName]\r\nLinux_9=libmvsim\r\n";
-    const std::string mapping = adapter + "; comment\n\n" + sequence + "7";
-    const struct {
-        std::string ini;
-        std::string mapping;
-        Effect effect;
-        std::string finding; // empty: none
-    } rows[] = {
-        {ini, mapping, Effect::Surprise, ""},
-        {ini, adapter, Effect::NoMonitoring, ":1: error: the sequence number is missing"},
-        {ini, adapter + "[EventSequenceNumber]", Effect::NoMonitoring, ":3: error: the sequence number is"},
-        {ini, adapter + sequence + "4294967295", Effect::NoMonitoring, ":4: error: the sequence number 4294"},
-        {ini, adapter + sequence + "4294967296", Effect::NoMonitoring, ":4: error: the sequence number"},
-        {"[VendorID\n" + id + library + "libmvsim", mapping, Effect::Surprise,
-         ":1: warning: a section header without"},
-        {ini, adapter + sequence + "4294967290", Effect::Surprise,
-         ":4: warning: only 4 more events can pass"},
-        {ini, "\xef\xbb\xbf;\n" + mapping, Effect::Surprise, ":1: warning: a byte-order mark"},
-        {ini, adapter + sequence + "none", Effect::Surprise, "the sequence number \"none\" reads as 0"},
-        {ini, sequence + "7", Effect::NoMonitoring, ":1: error: no event code is mapped"},
-        {library + "libmvsim", mapping, Effect::NoDiscovery, ":1: error: the vendor id is missing"},
-        {"[VendorID]\nMarvell=8\n[VendorLibName]\nLinux_8=libmvsim", mapping, Effect::NoDiscovery,
-         ":2: error: the vendor id \"8\" is not the number of the one known vendor"},
-        {id, mapping, Effect::NoDiscovery, ":1: error: the vendor library has no name"},
-        {id + library + std::string(31, 'x'), mapping, Effect::Surprise, ""},
-        {id + library + std::string(32, 'x'), mapping, Effect::NoDiscovery,
-         "the vendor library's name has 32 characters"},
-        {id + library + "libmvsim.so", mapping, Effect::NoDiscovery,
-         ":4: error: the vendor library's name ends in .so"},
-    };
+    const std::map<std::string, Effect> effects{{"surprise", Effect::Surprise},
+                                                {"repetition", Effect::Repetition},
+                                                {"no monitoring", Effect::NoMonitoring},
+                                                {"no discovery", Effect::NoDiscovery}};
+    const auto rows = jsonLines(goldenText("config-checks"));
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.ini + "\n" + row.mapping);
+        SCOPED_TRACE(row.dump());
         const TempFolder folder;
-        folder.write("private.ini", row.ini);
-        folder.write("MarvelAlertMapping.ini", row.mapping);
+        // What a row leaves out is as in the first one, in which nothing is wrong.
+        folder.write("private.ini", row.value("private", rows.front().at("private")));
+        folder.write("MarvelAlertMapping.ini", row.value("mapping", rows.front().at("mapping")));
         const ConfigCheck check{ConfigFolder(folder.path())};
-        EXPECT_EQ(check.worst(), row.effect);
-        EXPECT_EQ(check.lines().size(), row.finding.empty() ? 0U : 1U);
-        EXPECT_THAT(check.lines(), testing::Each(testing::HasSubstr(row.finding)));
+        EXPECT_EQ(check.worst(), effects.at(row.value("worst", "surprise")));
+        const auto lines = check.lines(check.worst());
+        EXPECT_EQ(lines.size(), row.count("finding"));
+        EXPECT_THAT(lines, testing::Each(testing::HasSubstr(row.value("finding", ""))));
     }
-    morlan_reset();
-}
-
-TEST(MappingFile, looksUpAsThePluginDoes)
-{
-    const struct {
-        const char* content;
-        const char* section;
-        unsigned int code;
-        std::uint32_t alert; // 0: unmapped
-    } rows[] = {{"[Adapter]\n7=2048\n7=2049\n", "Adapter", 7, 2048},
-                {"[Adapter]\n7=2048\n", "PhysicalDevice", 7, 0},
-                {"7=2050\n[Adapter]\n7=2048\n", "Adapter", 7, 2050},
-                {" [ Ada\tpter ] \n 1 2 = 20 48", "Adapter", 12, 2048},
-                {"[Adapter]\n \n7=2048\n", "Adapter", 7, 0},
-                {"[Adapter]\n7=2048\n \n", "Adapter", 7, 2048},
-                {"[Adapter]\n2050\n", "Adapter", 2050, 2050},
-                {"x[Adapter]\n7=2048\n", "Adapter]", 7, 2048},
-                {"][Adapter\n7=2048\n", "Adapter", 7, 2048},
-                {"[Adapter]\n;7=2048\n7=2049 ; old\n", "Adapter", 7, 2049}};
-    for (const auto& row : rows)
-        EXPECT_EQ(MappingFile(row.content).alertNumber(row.section, row.code).value_or(0), row.alert)
-            << row.content;
 }

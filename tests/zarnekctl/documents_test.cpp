@@ -4,6 +4,7 @@
 #include "zarnekctl/config/MappingFile.h"
 #include "zarnekctl/monitor/AlertTable.h"
 #include "zarnekctl/print/PropertyTable.h"
+#include <zarnek_ini.h>
 
 #include <gmock/gmock.h>
 
@@ -57,8 +58,7 @@ TEST(Documents, eachShippedAlertHasAMeaning)
 {
     const MappingFile file(fileText("config/MarvelAlertMapping.ini"));
     for (const auto& line : file.lines()) {
-        const bool maps =
-            line.kind == MappingFile::LineKind::Pair && line.section != MappingFile::sequenceSection;
+        const bool maps = line.kind == MappingFile::LineKind::Pair && line.section != INI_SEQUENCE_SECTION;
         EXPECT_TRUE(!maps || alertRow(MappingFile::numberOf(line.value)) != nullptr) << line.raw;
     }
 }

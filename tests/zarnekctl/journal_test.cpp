@@ -1,7 +1,8 @@
-// What a discovery changed, told property by property.
+// Alerts joined with their events, and what a discovery changed, told property by property.
+#include "zarnekctl/Objects.h"
 #include "zarnekctl/monitor/MonitorJournal.h"
 #include "zarnekctl/monitor/MonitorTextPrinter.h"
-#include <sdo.h>
+#include <mv.h>
 
 #include <gmock/gmock.h>
 
@@ -12,19 +13,16 @@ using namespace zarnekctl;
 namespace
 {
 
-Property number(unsigned int id, std::uint32_t value)
-{
-    return {id, SDO_TYPE_U32, std::uint64_t{value}};
-}
+using Number = std::pair<unsigned int, std::uint32_t>;
 
-Object diskWith(const Property& first, const Property& second)
+Object diskWith(const Number& first, const Number& second)
 {
-    return {{number(SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK),
-             number(SSPROP_GLOBALCONTROLLERNUM_U32, 0),
-             number(SSPROP_SLOTNUM_U32, 1),
-             {SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, std::vector<std::uint32_t>{SSPROP_SLOTNUM_U32}},
-             first,
-             second}};
+    return objectWith({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                       {SSPROP_GLOBALCONTROLLERNUM_U32, 0},
+                       {SSPROP_SLOTNUM_U32, 1},
+                       first,
+                       second},
+                      "disk 1");
 }
 
 } // namespace
@@ -34,13 +32,37 @@ TEST(Journal, propertiesComeAndGo)
     std::ostringstream out;
     MonitorTextPrinter printer(out, Style{});
     MonitorJournal journal(&printer, [] { return std::nullopt; });
-    const Object before = diskWith(number(SSPROP_BUSPROTOCOL_U32, 8), number(SSPROP_STATUS_U32, 2));
-    const Object between = diskWith(number(SSPROP_MEDIA_U32, 1), number(SSPROP_STATUS_U32, 1));
-    const Object after = diskWith(number(SSPROP_MEDIA_U32, 2), number(SSPROP_STATUS_U32, 4));
+    const Object before = diskWith({SSPROP_BUSPROTOCOL_U32, SDO_BUS_SAS}, {SSPROP_STATUS_U32, SDO_STATUS_OK});
+    const Object between =
+        diskWith({SSPROP_MEDIA_U32, SDO_MEDIA_HDD}, {SSPROP_STATUS_U32, SDO_STATUS_UNKNOWN});
+    const Object after =
+        diskWith({SSPROP_MEDIA_U32, SDO_MEDIA_SSD}, {SSPROP_STATUS_U32, SDO_STATUS_CRITICAL});
     journal.change(&before, &between);
     journal.change(&between, &after); // only the first state and the last count
     journal.pollEnd();
     journal.pollEnd();
     EXPECT_EQ(out.str(), "          disk 1 on controller 0: status ok -> critical, media nothing -> SSD, bus "
                          "SAS -> nothing\n");
+}
+
+TEST(Journal, anAlertIsJoinedWithAnEventOfItsOwnPoll)
+{
+    const MappingFile mapping("[PhysicalDevice]\n201=2050\n[EventSequenceNumber]\nSequenceNumber=0\n");
+    MonitorJournal journal(nullptr, [&mapping] { return mapping; });
+    const auto disk = std::make_shared<const Object>(
+        diskWith({SSPROP_CONTROLLERID_U32, 0}, {SSPROP_STATUS_U32, SDO_STATUS_CRITICAL}));
+    Object alert = objectWith({{SSPROP_ALERTNUMBER_U32, 2050}});
+    addProperty(alert, SSPROP_CONTROLNOTIFY_SDO, SDO_TYPE_SDOCONFIG, Nested{disk});
+    mvsim_event event{};
+    event.event_class = MV_EVENT_PHYSICAL_DISK;
+    event.device = 1;
+    event.sequence = 5;
+    event.code = 201;
+    journal.event(event);
+    journal.pollEnd();
+    journal.notification(alert);
+    EXPECT_EQ(journal.counts().lastSequence, 0U);
+    journal.event(event);
+    journal.notification(alert);
+    EXPECT_EQ(journal.counts().lastSequence, 5U);
 }

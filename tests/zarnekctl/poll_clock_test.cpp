@@ -33,4 +33,5 @@ TEST(PollClock, aHeldPauseEndsByASignalOnly)
         std::this_thread::sleep_for(2ms);
     }
     sleeper.join();
+    EXPECT_FALSE(clock.hold(20ms)); // nor any more
 }

@@ -1,4 +1,5 @@
 // What the libraries hold, read and shown: values of each type, and objects that have no place in the tree.
+#include "zarnekctl/Objects.h"
 #include "zarnekctl/host/SdoReader.h"
 #include "zarnekctl/print/DotPrinter.h"
 #include "zarnekctl/print/JsonPrinter.h"
@@ -6,7 +7,6 @@
 #include "zarnekctl/print/TablePrinter.h"
 #include "zarnekctl/print/TreePrinter.h"
 #include <morlan.h>
-#include <sdo.h>
 
 #include <gmock/gmock.h>
 
@@ -71,36 +71,26 @@ TEST(SdoReader, eachTypeReachesJsonWhole)
 
 TEST(Printers, showWhatHasNoPlaceInTheTree)
 {
-    const auto object = [](const std::vector<std::pair<unsigned int, std::uint64_t>>& numbers) {
-        Object made;
-        made.properties.resize(numbers.size());
-        for (std::size_t index = 0; index < numbers.size(); ++index) {
-            made.properties[index].id = numbers[index].first;
-            made.properties[index].type = SDO_TYPE_U32;
-            made.properties[index].value = numbers[index].second;
-        }
-        return made;
-    };
     const Object controller =
-        object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER}, {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
-    const Object odd = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
-                               {SSPROP_GLOBALCONTROLLERNUM_U32, 0},
-                               {SSPROP_SLOTNUM_U32, 1},
-                               {SSPROP_STATE_U32, 8},
-                               {SSPROP_STATUS_U32, 4},
-                               {SSPROP_MEDIA_U32, 77},
-                               {SSPROP_NEGOTIATEDSPEED_U32, 0xFFFFFFFF}});
-    const Object lost = object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
-                                {SSPROP_GLOBALCONTROLLERNUM_U32, 5},
-                                {SSPROP_SLOTNUM_U32, 2}});
+        objectWith({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER}, {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
+    const Object odd = objectWith({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                                   {SSPROP_GLOBALCONTROLLERNUM_U32, 0},
+                                   {SSPROP_SLOTNUM_U32, 1},
+                                   {SSPROP_STATE_U32, SDO_STATE_FAILED},
+                                   {SSPROP_STATUS_U32, SDO_STATUS_CRITICAL},
+                                   {SSPROP_MEDIA_U32, 77},
+                                   {SSPROP_NEGOTIATEDSPEED_U32, 0xFFFFFFFF}});
+    const Object lost = objectWith({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                                    {SSPROP_GLOBALCONTROLLERNUM_U32, 5},
+                                    {SSPROP_SLOTNUM_U32, 2}});
     const Object virtualDisk =
-        object({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_VIRTUAL_DISK}, {SSPROP_LOGICALDRIVENUM_U32, 0}});
+        objectWith({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_VIRTUAL_DISK}, {SSPROP_LOGICALDRIVENUM_U32, 0}});
     System system;
     system.nodes = {{controller, -1, {}, 1, false},
                     {odd, 0, {}, 1, false},
                     {lost, -1, {}, 1, false},
                     {virtualDisk, 0, {1, 2, 4}, 1, false},
-                    {object({{SSPROP_SLOTNUM_U32, 7}}), -1, {}, 1, true}};
+                    {objectWith({{SSPROP_SLOTNUM_U32, 7}}), -1, {}, 1, true}};
 
     const std::string tree = printed(TreePrinter(Style{}), system);
     EXPECT_THAT(tree,

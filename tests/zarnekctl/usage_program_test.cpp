@@ -11,29 +11,10 @@ using testing::HasSubstr;
 
 TEST(Usage, exitStatusTwoAndOneLineForWhatIsNoCommandLine)
 {
-    const std::pair<Words, std::string> rows[] = {
-        {{}, "expected a subcommand (discover, monitor or check), found none"},
-        {{"frobnicate"}, "expected a subcommand (discover, monitor or check), found \"frobnicate\""},
-        {{"--live", "check"}, "expected one subcommand and its options behind it, found \"--live\""},
-        {{"discover", "--format", "text"}, "--format: expected tree, table, json or dot, found \"text\""},
-        {{"monitor", "--format", "tree"}, "--format: expected text or json, found \"tree\""},
-        {{"monitor", "--log", "--format", "json", "--format", "json"}, "--format: given more than once"},
-        {{"discover", "--scenario"}, "--scenario: the value FILE is missing"},
-        {{"discover", "--scenario", "a", "--live"}, "--scenario does not go with --live"},
-        {{"discover", "--sysfs", "/sys"}, "--sysfs goes only with --live"},
-        {{"discover", "--trace", "--format", "json"}, "--trace does not go with --format"},
-        {{"discover", "--polls", "3"}, "discover has no option \"--polls\""},
-        {{"check", "\x1b"}, "check takes no argument \"\\x1b\""},
-        {{"monitor", "--polls", "0"}, "--polls: expected a whole number from 1 to 4294967295, found \"0\""},
-        {{"monitor", "--interval", "nan"}, "--interval: expected a number of seconds from 0 to 86400, found"},
-        {{"monitor", "--interval", "1s"}, "--interval: expected a number of seconds from 0 to 86400, found"},
-        {{"monitor", "--interval", "-1"}, "--interval: expected a number of seconds from 0 to 86400, found"},
-        {{"discover", "--global-number", "4294967040"}, "--global-number: expected a whole number from 0"},
-        {{"discover", "--config", ""}, "--config: expected a folder, found \"\""},
-    };
     const ProgramState state;
-    for (const auto& [arguments, message] : rows) {
-        const ProgramResult result = state.run(arguments);
+    for (const auto& row : jsonLines(goldenText("usage-errors"))) {
+        const std::string message = row.at("message");
+        const ProgramResult result = state.run(row.at("arguments"));
         EXPECT_EQ(result.status, 2) << message;
         EXPECT_EQ(result.out, "");
         EXPECT_THAT(result.err, testing::StartsWith("zarnekctl: " + message));

@@ -1,8 +1,11 @@
-// Units and escapes at their boundaries.
+// Units, escapes and widths at their boundaries.
 #include "common/Utf8.h"
+#include "zarnekctl/print/Columns.h"
 #include "zarnekctl/print/Units.h"
 
 #include <gmock/gmock.h>
+
+#include <sstream>
 
 using namespace zarnekctl;
 
@@ -40,7 +43,22 @@ TEST(Text, whatIsNoPlainCharacterIsEscaped)
                 {"cut \xe2\x82", "cut \\xe2\\x82", "cut \\xe2\\x82"},
                 {std::string("a\0b", 3), "a\\x00b", "a\\x00b"}};
     for (const auto& row : rows) {
-        EXPECT_EQ(escaped(row.raw), row.utf8);
-        EXPECT_EQ(escaped(row.raw, true), row.ascii);
+        EXPECT_EQ(devkit::escaped(row.raw), row.utf8);
+        EXPECT_EQ(devkit::escaped(row.raw, true), row.ascii);
     }
+}
+
+TEST(Columns, lineUpWhateverTheCharactersWidth)
+{
+    Columns columns;
+    for (const char* label :
+         {"plain", "\u78c1\u76d8", "a\u0301\u0323b\u0308", "\u30c7\u30a3\u30b9\u30af", "\xff"})
+        columns.add("", {{label, true}, {label}, {"|"}});
+    std::ostringstream table;
+    columns.print(table, Style{true, false});
+    EXPECT_EQ(table.str(), "   plain  plain     |\n"
+                           "    \u78c1\u76d8  \u78c1\u76d8      |\n"
+                           "      a\u0301\u0323b\u0308  a\u0301\u0323b\u0308        |\n"
+                           "\u30c7\u30a3\u30b9\u30af  \u30c7\u30a3\u30b9\u30af  |\n"
+                           "       \xff  \xff         |\n");
 }

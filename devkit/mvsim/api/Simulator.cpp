@@ -1,7 +1,8 @@
 #include "mvsim/api/Simulator.h"
 
+#include "mvsim/api/DeviceAnswer.h"
+
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace mvsim
@@ -11,78 +12,6 @@ namespace
 {
 
 constexpr std::size_t MAX_COUNT = 0xff;
-
-// One entry of a list answer, where it lies in the model.
-struct ListEntry {
-    std::uint16_t id;
-    const void* record;
-};
-
-struct List {
-    std::size_t stride;
-    std::vector<ListEntry> entries;
-};
-
-std::uint16_t idOf(const Disk& disk)
-{
-    return disk.info.HD_Id;
-}
-
-std::uint16_t idOf(const VirtualDisk& drive)
-{
-    return drive.info.LD_Id;
-}
-
-template <class Device, class Record>
-List listOf(const std::vector<Device>& devices, Record Device::*record)
-{
-    List list{sizeof(Record), {}};
-    for (const Device& device : devices)
-        if (device.present)
-            list.entries.push_back({idOf(device), &(device.*record)});
-    return list;
-}
-
-List listFor(EntryPoint entry, const Adapter& adapter)
-{
-    switch (entry) {
-    case EntryPoint::MV_PD_GetHDInfo_Ext:
-        return listOf(adapter.disks, &Disk::info);
-    case EntryPoint::MV_PD_GetConfig:
-        return listOf(adapter.disks, &Disk::config);
-    case EntryPoint::MV_LD_GetInfo:
-        return listOf(adapter.virtualDisks, &VirtualDisk::info);
-    default:
-        return listOf(adapter.virtualDisks, &VirtualDisk::config);
-    }
-}
-
-// Keeps of a list what the request asks for; false when it asks for what does not exist.
-bool select(const _Info_Request& request, std::vector<ListEntry>& entries)
-{
-    if (request.RequestType == MV_REQUEST_ONE_DEVICE) {
-        const std::uint16_t id = request.StartIndexOrId;
-        const auto found = std::find_if(entries.begin(), entries.end(),
-                                        [id](const ListEntry& entry) { return entry.id == id; });
-        if (found == entries.end())
-            return false;
-        entries = {*found};
-    } else if (request.RequestType == MV_REQUEST_LIST) {
-        const std::size_t skipped = std::min<std::size_t>(request.StartIndexOrId, entries.size());
-        entries.erase(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(skipped));
-    } else {
-        return false;
-    }
-    entries.resize(std::min<std::size_t>(request.NumRequested, entries.size()), ListEntry{});
-    return true;
-}
-
-// How many of `available` entries are filled in.
-std::size_t filledEntries(const AnswerLength& length, std::size_t available)
-{
-    available = std::min<std::size_t>(available, length.entries.value_or(~0U));
-    return std::min<std::size_t>(available, length.count.value_or(~0U));
-}
 
 template <class Device>
 std::uint8_t countPresent(const std::vector<Device>& devices)
@@ -210,56 +139,12 @@ unsigned int Simulator::oemData(unsigned int adapter, _Adapter_OEM_Data* data)
     });
 }
 
-unsigned int Simulator::list(EntryPoint entry, unsigned int adapter, _Info_Request* request)
+unsigned int Simulator::devices(EntryPoint entry, unsigned int adapter, _Info_Request* request)
 {
     return answer(entry, adapter, [entry, request](const PlayedAdapter& played) {
-        if (request == nullptr)
-            return MV_ERR_FAIL;
-        List list = listFor(entry, played.model);
-        if (!select(*request, list.entries))
-            return MV_ERR_REQ_OUT_OF_RANGE;
-        const AnswerLength length = played.rules.answer(entry);
-        const std::size_t filled = filledEntries(length, list.entries.size());
-        auto* target = reinterpret_cast<unsigned char*>(request) + sizeof(_Info_Request);
-        for (std::size_t i = 0; i < filled; ++i)
-            std::memcpy(target + i * list.stride, list.entries[i].record, list.stride);
-        request->NumReturned =
-            static_cast<std::uint16_t>(length.count.value_or(static_cast<unsigned int>(filled)));
-        return MV_ERR_NONE;
+        return request == nullptr ? MV_ERR_FAIL
+                                  : answerRequest(entry, played.model, played.rules.answer(entry), *request);
     });
-}
-
-template <class Request, class Answer>
-unsigned int Simulator::oneDisk(EntryPoint entry, unsigned int adapter, Request* request, Answer answerOf)
-{
-    return answer(entry, adapter, [&](const PlayedAdapter& played) {
-        if (request == nullptr)
-            return MV_ERR_FAIL;
-        // There is room for one answer, so a list of disks cannot be asked for.
-        List list = listOf(played.model.disks, answerOf);
-        if (request->Header.RequestType != MV_REQUEST_ONE_DEVICE || !select(request->Header, list.entries))
-            return MV_ERR_REQ_OUT_OF_RANGE;
-        const AnswerLength length = played.rules.answer(entry);
-        const std::size_t filled = filledEntries(length, list.entries.size());
-        if (filled != 0) {
-            const _Info_Request header = request->Header;
-            std::memcpy(request, list.entries.front().record, sizeof(Request));
-            request->Header = header;
-        }
-        request->Header.NumReturned =
-            static_cast<std::uint16_t>(length.count.value_or(static_cast<unsigned int>(filled)));
-        return MV_ERR_NONE;
-    });
-}
-
-unsigned int Simulator::raidStatus(unsigned int adapter, _HD_RAID_Status_Request* request)
-{
-    return oneDisk(EntryPoint::MV_PD_GetHDRaidStatus, adapter, request, &Disk::raidStatus);
-}
-
-unsigned int Simulator::freeSpace(unsigned int adapter, _HD_FreeSpaceInfo_Request* request)
-{
-    return oneDisk(EntryPoint::MV_PD_GetFreeSpaceInfo, adapter, request, &Disk::freeSpace);
 }
 
 unsigned int Simulator::events(unsigned int adapter, unsigned int maximum, unsigned int* count,
@@ -281,7 +166,7 @@ unsigned int Simulator::events(unsigned int adapter, unsigned int maximum, unsig
         return verdict.result; // what is pending waits
     const AnswerLength length = played.rules.answer(EntryPoint::MV_EVT_GetEvent);
     const std::size_t room = std::min(maximum, MV_MAX_EVENTS);
-    const std::size_t filled = filledEntries(length, std::min(room, played.pending.size()));
+    const std::size_t filled = length.filled(std::min(room, played.pending.size()));
     const auto end = played.pending.begin() + static_cast<std::ptrdiff_t>(filled);
     std::vector<_Event> batch;
     std::vector<bool> numbered;

@@ -7,7 +7,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_SIMULATOR_H
 #define ZARNEK_DEVKIT_MVSIM_SIMULATOR_H
 
-#include "mvsim/api/ISource.h"
+#include "mvsim/model/ISource.h"
 
 #include <functional>
 #include <memory>
@@ -38,10 +38,8 @@ class Simulator
     unsigned int adapterInfo(unsigned int adapter, _Adapter_Info* info);
     unsigned int adapterConfig(unsigned int adapter, _Adapter_Config_V2* config);
     unsigned int oemData(unsigned int adapter, _Adapter_OEM_Data* data);
-    // The four calls that answer with a list: entries behind the header, NumReturned in it.
-    unsigned int list(EntryPoint entry, unsigned int adapter, _Info_Request* request);
-    unsigned int raidStatus(unsigned int adapter, _HD_RAID_Status_Request* request);
-    unsigned int freeSpace(unsigned int adapter, _HD_FreeSpaceInfo_Request* request);
+    // The six calls that tell of devices; `request` is the header of what the caller gave.
+    unsigned int devices(EntryPoint entry, unsigned int adapter, _Info_Request* request);
     // Begins the adapter's next poll. `delivered` gets the events that were written.
     unsigned int events(unsigned int adapter, unsigned int maximum, unsigned int* count, _Event* events,
                         std::vector<_Event>& delivered);
@@ -56,8 +54,6 @@ class Simulator
     // unless the scenario has planned another.
     template <class Fill>
     unsigned int answer(EntryPoint entry, unsigned int adapter, Fill fill);
-    template <class Request, class Answer>
-    unsigned int oneDisk(EntryPoint entry, unsigned int adapter, Request* request, Answer answerOf);
     void numberEvents(std::vector<_Event>& events, const std::vector<bool>& numbered);
 
     std::mutex m_mutex;

@@ -2,7 +2,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_SOURCECHOICE_H
 #define ZARNEK_DEVKIT_MVSIM_SOURCECHOICE_H
 
-#include "mvsim/api/ISource.h"
+#include "mvsim/model/ISource.h"
 
 #include <memory>
 #include <string>

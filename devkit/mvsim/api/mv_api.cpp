@@ -12,6 +12,7 @@ namespace
 {
 
 using mvsim::EntryPoint;
+using mvsim::isSuccess;
 using mvsim::Library;
 using mvsim::Simulator;
 
@@ -75,30 +76,24 @@ std::string counted(unsigned int count, const char* one, const char* many)
     return ", " + std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-// A call with an _Info_Request at its head; `header` is null when the caller gave no request.
-template <class Run>
-unsigned int requestCall(EntryPoint entry, unsigned char adapter, const _Info_Request* header,
-                         Run run) noexcept
-{
-    return call(
-        entry, run, [=] { return describe(adapter, header); },
-        [=](unsigned int result) {
-            return (result & 0xff) == 0 && header != nullptr
-                       ? counted(header->NumReturned, "entry", "entries")
-                       : std::string();
-        });
-}
-
 unsigned int vendorCall(EntryPoint entry) noexcept
 {
     return call(
         entry, [entry](Simulator& simulator) { return simulator.vendorCall(entry); }, noArguments, noRemark);
 }
 
-unsigned int listCall(EntryPoint entry, unsigned char adapter, _Info_Request* request) noexcept
+// A call that tells of devices: its record begins with an _Info_Request.
+template <class Request>
+unsigned int deviceCall(EntryPoint entry, unsigned char adapter, Request* request) noexcept
 {
-    return requestCall(entry, adapter, request,
-                       [=](Simulator& simulator) { return simulator.list(entry, adapter, request); });
+    auto* const header = reinterpret_cast<_Info_Request*>(request);
+    return call(
+        entry, [=](Simulator& simulator) { return simulator.devices(entry, adapter, header); },
+        [=] { return describe(adapter, header); },
+        [=](unsigned int result) {
+            return isSuccess(result) && header != nullptr ? counted(header->NumReturned, "entry", "entries")
+                                                          : std::string();
+        });
 }
 
 unsigned int unsupportedCall(EntryPoint entry, unsigned char adapter) noexcept
@@ -144,43 +139,22 @@ unsigned int MV_Adapter_GetConfig(unsigned char adapter, unsigned int*, _Adapter
                        [=](Simulator& simulator) { return simulator.adapterConfig(adapter, config); });
 }
 
-unsigned int MV_PD_GetHDInfo_Ext(unsigned char adapter, _Info_Request* request)
-{
-    return listCall(EntryPoint::MV_PD_GetHDInfo_Ext, adapter, request);
-}
-
-unsigned int MV_PD_GetConfig(unsigned char adapter, _Info_Request* request)
-{
-    return listCall(EntryPoint::MV_PD_GetConfig, adapter, request);
-}
+#define MVSIM_DEVICE_CALL(symbol, Request)                                                                   \
+    unsigned int symbol(unsigned char adapter, Request* request)                                             \
+    {                                                                                                        \
+        return deviceCall(EntryPoint::symbol, adapter, request);                                             \
+    }
+MVSIM_DEVICE_CALL(MV_PD_GetHDInfo_Ext, _Info_Request)
+MVSIM_DEVICE_CALL(MV_PD_GetConfig, _Info_Request)
+MVSIM_DEVICE_CALL(MV_PD_GetHDRaidStatus, _HD_RAID_Status_Request)
+MVSIM_DEVICE_CALL(MV_PD_GetFreeSpaceInfo, _HD_FreeSpaceInfo_Request)
+MVSIM_DEVICE_CALL(MV_LD_GetInfo, _Info_Request)
+MVSIM_DEVICE_CALL(MV_LD_GetConfig, _Info_Request)
+#undef MVSIM_DEVICE_CALL
 
 unsigned int MV_PD_GET_SMART_INFO(unsigned char adapter, void*)
 {
     return unsupportedCall(EntryPoint::MV_PD_GET_SMART_INFO, adapter);
-}
-
-unsigned int MV_PD_GetHDRaidStatus(unsigned char adapter, _HD_RAID_Status_Request* request)
-{
-    return requestCall(EntryPoint::MV_PD_GetHDRaidStatus, adapter,
-                       request != nullptr ? &request->Header : nullptr,
-                       [=](Simulator& simulator) { return simulator.raidStatus(adapter, request); });
-}
-
-unsigned int MV_PD_GetFreeSpaceInfo(unsigned char adapter, _HD_FreeSpaceInfo_Request* request)
-{
-    return requestCall(EntryPoint::MV_PD_GetFreeSpaceInfo, adapter,
-                       request != nullptr ? &request->Header : nullptr,
-                       [=](Simulator& simulator) { return simulator.freeSpace(adapter, request); });
-}
-
-unsigned int MV_LD_GetInfo(unsigned char adapter, _Info_Request* request)
-{
-    return listCall(EntryPoint::MV_LD_GetInfo, adapter, request);
-}
-
-unsigned int MV_LD_GetConfig(unsigned char adapter, _Info_Request* request)
-{
-    return listCall(EntryPoint::MV_LD_GetConfig, adapter, request);
 }
 
 unsigned int MV_PassThrough_ATA(unsigned char adapter, void*)
@@ -210,7 +184,7 @@ unsigned int MV_EVT_GetEvent(unsigned char adapter, unsigned int maximum, unsign
         },
         [=] { return std::to_string(adapter) + ", at most " + std::to_string(maximum); },
         [=](unsigned int result) {
-            return (result & 0xff) == 0 ? counted(*count, "event", "events") : std::string();
+            return isSuccess(result) ? counted(*count, "event", "events") : std::string();
         });
 }
 

@@ -1,23 +1,15 @@
 #include "mvsim/api/mvsim_control.h"
 
+#include "common/words.h"
 #include "mvsim/api/Library.h"
 #include "mvsim/api/SourceChoice.h"
 
-#include <cstring>
+#include <exception>
 
 namespace
 {
 
 using mvsim::Library;
-
-void putMessage(const char* text, char* message, std::size_t size)
-{
-    if (message != nullptr && size != 0) {
-        const std::size_t length = std::min(std::strlen(text), size - 1);
-        std::memcpy(message, text, length);
-        message[length] = '\0';
-    }
-}
 
 // Plays what `make` gives; what it throws becomes the message.
 template <class Make>
@@ -25,12 +17,12 @@ int play(Make make, char* message, std::size_t size)
 {
     try {
         Library::instance().simulator.play(make());
-        putMessage("", message, size);
+        devkit::copyText("", message, size);
         return 0;
     } catch (const std::exception& error) {
-        putMessage(error.what(), message, size);
+        devkit::copyText(error.what(), message, size);
     } catch (...) {
-        putMessage("unknown error", message, size);
+        devkit::copyText("unknown error", message, size);
     }
     return 1;
 }

@@ -1,16 +1,15 @@
-// Finds the machine's md arrays in sysfs, and what they make of its disks.
+// Reads the machine's md arrays from sysfs.
 #ifndef ZARNEK_DEVKIT_MVSIM_ARRAYPROBE_H
 #define ZARNEK_DEVKIT_MVSIM_ARRAYPROBE_H
 
-#include "mvsim/live/SeenMachine.h"
+#include "mvsim/live/MdArray.h"
 #include "mvsim/live/SysfsFolder.h"
 
 namespace mvsim
 {
 
-// All arrays below `root`. `disks` get the RAID status that their part in arrays gives them, and their free
-// space.
-std::vector<SeenArray> probeArrays(const SysfsFolder& root, std::vector<SeenDisk>& disks);
+// All md devices below `root`, also those that are no array at the moment.
+std::vector<MdArray> probeArrays(const SysfsFolder& root);
 
 } // namespace mvsim
 

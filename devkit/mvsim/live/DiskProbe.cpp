@@ -1,6 +1,6 @@
 #include "mvsim/live/DiskProbe.h"
 
-#include "mvsim/scenario/RecordCodes.h"
+#include "common/words.h"
 
 #include <algorithm>
 #include <cctype>
@@ -12,8 +12,6 @@ namespace
 {
 
 constexpr std::uint32_t DEFAULT_BLOCK_SIZE = 512;
-constexpr std::uint64_t SECTORS_PER_KB =
-    2; // sizes in sysfs count 512-byte sectors, whatever the disk's own are
 
 struct LinkRate {
     const char* text; // how the kernel writes it
@@ -35,17 +33,12 @@ const LinkRate* findRate(const std::optional<std::string>& text)
     return rate == std::end(LINK_RATES) ? nullptr : rate;
 }
 
-bool startsWith(const std::string& text, const std::string& start)
-{
-    return text.compare(0, start.size(), start) == 0;
-}
-
 bool isWholeDisk(const std::string& name, const SysfsFolder& folder)
 {
     // Some of these have a device folder, but none is a disk that could fail or join an array.
     constexpr const char* OTHER_KINDS[] = {"loop", "ram", "zram", "dm-", "md", "sr", "fd"};
     for (const char* kind : OTHER_KINDS)
-        if (startsWith(name, kind))
+        if (devkit::startsWith(name, kind))
             return false;
     const bool emptyDrive =
         folder.number("removable").value_or(0) != 0 && folder.number("size").value_or(1) == 0;
@@ -82,7 +75,7 @@ std::string modelOf(const std::string& name, const SysfsFolder& device)
         return name;
     // Behind ATA there is no vendor field, and on a PCI or virtio device the file holds a number.
     const auto vendor = device.text("vendor");
-    const bool names = vendor && *vendor != "ATA" && !startsWith(*vendor, "0x");
+    const bool names = vendor && *vendor != "ATA" && !devkit::startsWith(*vendor, "0x");
     return names ? *vendor + " " + *model : *model;
 }
 
@@ -94,10 +87,9 @@ void readLink(const SysfsFolder& device, Disk& disk)
     for (const auto& part : path) {
         walked /= part;
         const std::string name = part.string();
-        if (startsWith(name, "end_device-") || startsWith(name, "expander-")) {
+        if (devkit::startsWith(name, "end_device-") || devkit::startsWith(name, "expander-")) {
             disk.info.LinkFlags = MV_LINK_SAS;
-        } else if (startsWith(name, "ata") && name.size() > 3 &&
-                   std::isdigit(static_cast<unsigned char>(name[3])) != 0) {
+        } else if (devkit::startsWith(name, "ata") && name.size() > 3 && devkit::isDigit(name[3])) {
             disk.info.LinkFlags = MV_LINK_SATA;
             const std::string link = "link" + name.substr(3);
             const SysfsFolder speeds = SysfsFolder(walked).below(link).below("ata_link").below(link);
@@ -113,10 +105,11 @@ void readLink(const SysfsFolder& device, Disk& disk)
 void readSasAddress(const SysfsFolder& device, Disk& disk)
 {
     const std::string address = device.text("sas_address").value_or("");
-    constexpr std::size_t DIGITS = 2 * sizeof disk.info.SASAddress;
-    if (disk.info.LinkFlags == MV_LINK_SAS && address.size() == 2 + DIGITS && startsWith(address, "0x") &&
-        address.find_first_not_of("0123456789abcdefABCDEF", 2) == std::string::npos)
-        putText(disk.info.SASAddress, hexBytes(address.substr(2), "", Json()));
+    if (disk.info.LinkFlags != MV_LINK_SAS || !devkit::startsWith(address, "0x"))
+        return;
+    const auto bytes = devkit::bytesOfHex(std::string_view(address).substr(2));
+    if (bytes && bytes->size() == sizeof disk.info.SASAddress)
+        putText(disk.info.SASAddress, *bytes);
 }
 
 std::uint64_t partitionedKB(const std::string& name, const SysfsFolder& folder)
@@ -124,8 +117,8 @@ std::uint64_t partitionedKB(const std::string& name, const SysfsFolder& folder)
     std::uint64_t sum = 0;
     for (const std::string& entry : folder.entries()) {
         const SysfsFolder partition = folder.below(entry);
-        if (startsWith(entry, name) && partition.number("partition"))
-            sum += partition.number("size").value_or(0) / SECTORS_PER_KB;
+        if (devkit::startsWith(entry, name) && partition.number("partition"))
+            sum += partition.kilobytes("size").value_or(0);
     }
     return sum;
 }
@@ -151,7 +144,7 @@ SeenDisk probeDisk(const std::string& name, const SysfsFolder& folder)
     readSasAddress(device, disk);
     if (folder.text("queue/write_cache") == "write back")
         disk.info.FeatureFlags |= MV_FEATURE_WRITE_CACHE;
-    disk.info.SizeKB = folder.number("size").value_or(0) / SECTORS_PER_KB;
+    disk.info.SizeKB = folder.kilobytes("size").value_or(0);
     disk.info.BlockSize =
         static_cast<std::uint32_t>(folder.number("queue/logical_block_size").value_or(DEFAULT_BLOCK_SIZE));
     disk.info.MediaFlags = folder.number("queue/rotational") == 0U ? MV_MEDIA_SSD : 0;

@@ -1,6 +1,7 @@
 #include "mvsim/live/LiveSource.h"
 
 #include "common/files.h"
+#include "mvsim/live/ArrayJudge.h"
 #include "mvsim/live/ArrayProbe.h"
 #include "mvsim/live/DiskProbe.h"
 #include "mvsim/live/MachineChanges.h"
@@ -47,18 +48,14 @@ LiveSource::LiveSource(const std::string& sysfsRoot, std::string stateFile)
 
 SeenMachine LiveSource::look()
 {
-    SeenMachine machine;
-    machine.disks = probeDisks(m_root);
-    machine.arrays = probeArrays(m_root, machine.disks);
+    SeenMachine machine = judgeArrays(probeDisks(m_root), probeArrays(m_root));
     for (SeenDisk& disk : machine.disks) {
         const std::uint16_t number = m_diskNumbers.numberOf(disk.identity);
-        disk.device.info.HD_Id = number;
-        disk.device.config.SlotNumber = number;
+        setNumbers(disk.device, number, number);
     }
     for (SeenArray& array : machine.arrays) {
         const std::uint16_t number = m_arrayNumbers.numberOf(array.name, array.minor.value_or(0));
-        array.device.info.LD_Id = number;
-        array.device.config.LogicalDriveNumber = number;
+        setNumbers(array.device, number, number);
     }
     return machine;
 }
@@ -99,7 +96,7 @@ std::uint32_t LiveSource::startSequence() const
 {
     std::string text;
     std::uint32_t number = 0;
-    if (m_stateFile.empty() || devkit::readFile(m_stateFile, text) != devkit::FileRead::DONE)
+    if (m_stateFile.empty() || devkit::readFile(m_stateFile, text) != devkit::FileRead::Done)
         return 0;
     const char* end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);

@@ -3,9 +3,9 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
 #define ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
 
-#include "mvsim/api/ISource.h"
 #include "mvsim/live/SeenMachine.h"
 #include "mvsim/live/SysfsFolder.h"
+#include "mvsim/model/ISource.h"
 
 #include <map>
 #include <string>

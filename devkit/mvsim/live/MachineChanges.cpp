@@ -1,7 +1,6 @@
 #include "mvsim/live/MachineChanges.h"
 
-#include "mvsim/api/EventCodes.h"
-#include "mvsim/scenario/RecordCodes.h"
+#include "mvsim/model/EventCodes.h"
 
 #include <algorithm>
 
@@ -26,11 +25,11 @@ class EventList
     }
     void addDisk(std::uint16_t code, const SeenDisk& disk)
     {
-        add(MV_EVENT_PHYSICAL_DISK, code, disk.device.config.SlotNumber);
+        add(MV_EVENT_PHYSICAL_DISK, code, numberOf(disk.device));
     }
     void addArray(std::uint16_t code, const SeenArray& array)
     {
-        add(MV_EVENT_VIRTUAL_DISK, code, array.device.config.LogicalDriveNumber);
+        add(MV_EVENT_VIRTUAL_DISK, code, numberOf(array.device));
     }
     std::vector<PendingEvent> take() { return std::move(m_events); }
 
@@ -38,20 +37,14 @@ class EventList
     std::vector<PendingEvent> m_events;
 };
 
-const SeenDisk* find(const std::vector<SeenDisk>& disks, const SeenDisk& wanted)
+// The same device as `wanted`; null when it is not there.
+template <class Seen>
+const Seen* find(const std::vector<Seen>& all, const Seen& wanted)
 {
-    const std::uint16_t id = wanted.device.info.HD_Id;
-    const auto found = std::find_if(disks.begin(), disks.end(),
-                                    [id](const SeenDisk& disk) { return disk.device.info.HD_Id == id; });
-    return found == disks.end() ? nullptr : &*found;
-}
-
-const SeenArray* find(const std::vector<SeenArray>& arrays, const SeenArray& wanted)
-{
-    const std::uint16_t id = wanted.device.info.LD_Id;
-    const auto found = std::find_if(arrays.begin(), arrays.end(),
-                                    [id](const SeenArray& array) { return array.device.info.LD_Id == id; });
-    return found == arrays.end() ? nullptr : &*found;
+    const auto found = std::find_if(all.begin(), all.end(), [&wanted](const Seen& seen) {
+        return idOf(seen.device) == idOf(wanted.device);
+    });
+    return found == all.end() ? nullptr : &*found;
 }
 
 void compareDisk(std::uint8_t before, const SeenDisk& disk, EventList& events)

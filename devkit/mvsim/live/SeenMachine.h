@@ -2,7 +2,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_SEENMACHINE_H
 #define ZARNEK_DEVKIT_MVSIM_SEENMACHINE_H
 
-#include "mvsim/api/StorageModel.h"
+#include "mvsim/model/StorageModel.h"
 
 #include <cstdint>
 #include <optional>

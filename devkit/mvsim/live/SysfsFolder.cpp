@@ -1,6 +1,7 @@
 #include "mvsim/live/SysfsFolder.h"
 
 #include "common/files.h"
+#include "common/words.h"
 
 #include <algorithm>
 #include <charconv>
@@ -34,19 +35,16 @@ std::vector<std::string> SysfsFolder::entries() const
 std::optional<std::string> SysfsFolder::bytes(const std::filesystem::path& file) const
 {
     std::string content;
-    if (devkit::readFile((m_path / file).string(), content) != devkit::FileRead::DONE)
+    if (devkit::readFile((m_path / file).string(), content) != devkit::FileRead::Done)
         return std::nullopt;
     return content;
 }
 
 std::optional<std::string> SysfsFolder::text(const std::filesystem::path& file) const
 {
-    constexpr const char* SPACE = " \t\r\n";
     const std::string content = bytes(file).value_or("");
-    const std::size_t first = content.find_first_not_of(SPACE);
-    if (first == std::string::npos)
-        return std::nullopt;
-    return content.substr(first, content.find_last_not_of(SPACE) - first + 1);
+    const std::string_view text = devkit::trimmed(content);
+    return text.empty() ? std::nullopt : std::optional<std::string>(text);
 }
 
 std::optional<std::uint64_t> SysfsFolder::number(const std::filesystem::path& file) const
@@ -55,6 +53,13 @@ std::optional<std::uint64_t> SysfsFolder::number(const std::filesystem::path& fi
     std::uint64_t value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     return result.ec == std::errc() ? std::optional<std::uint64_t>(value) : std::nullopt;
+}
+
+std::optional<std::uint64_t> SysfsFolder::kilobytes(const std::filesystem::path& file) const
+{
+    constexpr std::uint64_t SECTORS_PER_KB = 2;
+    const auto sectors = number(file);
+    return sectors ? std::optional<std::uint64_t>(*sectors / SECTORS_PER_KB) : std::nullopt;
 }
 
 std::filesystem::path SysfsFolder::resolved() const

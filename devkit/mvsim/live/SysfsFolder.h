@@ -27,6 +27,8 @@ class SysfsFolder
     std::optional<std::string> bytes(const std::filesystem::path& file) const;
     std::optional<std::string> text(const std::filesystem::path& file) const;
     std::optional<std::uint64_t> number(const std::filesystem::path& file) const;
+    // The size that a file tells, which is counted in sectors of 512 bytes whatever the disk's own are.
+    std::optional<std::uint64_t> kilobytes(const std::filesystem::path& file) const;
 
     // The folder itself, all links on the way resolved; empty when it does not exist.
     std::filesystem::path resolved() const;

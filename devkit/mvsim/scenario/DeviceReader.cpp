@@ -1,6 +1,7 @@
 #include "mvsim/scenario/DeviceReader.h"
 
-#include "mvsim/api/EventCodes.h"
+#include "common/words.h"
+#include "mvsim/model/EventCodes.h"
 #include "mvsim/scenario/RecordCodes.h"
 
 #include <algorithm>
@@ -32,7 +33,7 @@ struct Patch {
 
 std::size_t offsetOf(const std::string& key, const std::string& place)
 {
-    const bool hex = key.compare(0, 2, "0x") == 0;
+    const bool hex = devkit::startsWith(key, "0x");
     const std::string digits = hex ? key.substr(2) : key;
     const std::string allowed = hex ? "0123456789abcdefABCDEF" : "0123456789";
     if (digits.empty() || digits.size() > 4 || digits.find_first_not_of(allowed) != std::string::npos)

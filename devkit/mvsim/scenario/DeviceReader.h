@@ -4,7 +4,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_DEVICEREADER_H
 #define ZARNEK_DEVKIT_MVSIM_DEVICEREADER_H
 
-#include "mvsim/api/StorageModel.h"
+#include "mvsim/model/StorageModel.h"
 #include "mvsim/scenario/StrictObject.h"
 
 namespace mvsim

@@ -2,7 +2,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_RULESREADER_H
 #define ZARNEK_DEVKIT_MVSIM_RULESREADER_H
 
-#include "mvsim/api/CallRules.h"
+#include "mvsim/model/CallRules.h"
 #include "mvsim/scenario/StrictObject.h"
 
 namespace mvsim

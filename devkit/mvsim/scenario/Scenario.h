@@ -3,8 +3,8 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_SCENARIO_H
 #define ZARNEK_DEVKIT_MVSIM_SCENARIO_H
 
-#include "mvsim/api/CallRules.h"
-#include "mvsim/api/StorageModel.h"
+#include "mvsim/model/CallRules.h"
+#include "mvsim/model/StorageModel.h"
 
 #include <cstdint>
 #include <optional>

@@ -20,9 +20,9 @@ std::string readWhole(const std::string& file)
     std::string text;
     std::error_code error;
     switch (devkit::readFile(file, text)) {
-    case devkit::FileRead::DONE:
+    case devkit::FileRead::Done:
         return text;
-    case devkit::FileRead::MISSING:
+    case devkit::FileRead::Missing:
         throw FormatError("", "a scenario file", "no file of that name");
     default:
         throw FormatError("", "a scenario file",

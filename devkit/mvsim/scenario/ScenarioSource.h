@@ -2,7 +2,7 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_SCENARIOSOURCE_H
 #define ZARNEK_DEVKIT_MVSIM_SCENARIOSOURCE_H
 
-#include "mvsim/api/ISource.h"
+#include "mvsim/model/ISource.h"
 #include "mvsim/scenario/Scenario.h"
 
 namespace mvsim

@@ -1,9 +1,10 @@
 #include "mvsim/scenario/StrictObject.h"
 
 #include "common/text.h"
+#include "common/words.h"
+#include "mvsim/scenario/Amount.h"
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 namespace mvsim
@@ -12,7 +13,7 @@ namespace mvsim
 namespace
 {
 
-constexpr std::size_t LONGEST_FOUND = 60;
+constexpr std::uint64_t BYTES_PER_KB = 1024;
 const std::string HEX_PREFIX = "hex:";
 
 std::string range(std::uint64_t least, std::uint64_t most)
@@ -28,120 +29,16 @@ std::string wordList(Words words)
     return text;
 }
 
-struct Unit {
-    const char* name;
-    std::uint64_t bytes;
-};
-
-constexpr Unit UNITS[] = {
-    {"kB", 1000},
-    {"MB", 1000ULL * 1000},
-    {"GB", 1000ULL * 1000 * 1000},
-    {"TB", 1000ULL * 1000 * 1000 * 1000},
-    {"PB", 1000ULL * 1000 * 1000 * 1000 * 1000},
-    {"KiB", 1ULL << 10},
-    {"MiB", 1ULL << 20},
-    {"GiB", 1ULL << 30},
-    {"TiB", 1ULL << 40},
-    {"PiB", 1ULL << 50},
-};
-
-// "4TB", "1.92 TB", "64KiB" in bytes; at most three digits behind the point, exact, empty when it is no such
-// text.
-std::optional<std::uint64_t> humanBytes(const std::string& text)
-{
-    constexpr std::size_t MOST_DIGITS = 18; // what 64 bits hold for certain
-    const auto digitsEnd = [&text](std::size_t from) {
-        while (from < text.size() && std::isdigit(static_cast<unsigned char>(text[from])) != 0)
-            ++from;
-        return from;
-    };
-    const std::size_t wholeEnd = digitsEnd(0);
-    std::size_t unitStart = wholeEnd;
-    std::string fraction;
-    if (wholeEnd < text.size() && text[wholeEnd] == '.') {
-        unitStart = digitsEnd(wholeEnd + 1);
-        fraction = text.substr(wholeEnd + 1, unitStart - wholeEnd - 1);
-        if (fraction.empty() || fraction.size() > 3)
-            return std::nullopt;
-    }
-    if (wholeEnd == 0 || wholeEnd > MOST_DIGITS)
-        return std::nullopt;
-    if (unitStart < text.size() && text[unitStart] == ' ')
-        ++unitStart;
-    const std::string unitName = text.substr(unitStart);
-    for (const Unit& unit : UNITS) {
-        if (unitName == unit.name) {
-            fraction.resize(3, '0');
-            const std::uint64_t part = std::stoull(fraction) * unit.bytes / 1000;
-            const std::uint64_t whole = std::stoull(text.substr(0, wholeEnd));
-            if (whole > (std::numeric_limits<std::uint64_t>::max() - part) / unit.bytes)
-                return std::nullopt;
-            return whole * unit.bytes + part;
-        }
-    }
-    return std::nullopt;
-}
-
 } // namespace
 
-FormatError::FormatError(const std::string& place, const std::string& expected, const std::string& found)
-    : std::runtime_error((place.empty() ? "/" : place) + ": expected " + expected + ", found " + found)
+std::string hexBytes(const std::string& text, const std::string& place, const Json& found)
 {
-}
-
-std::string describe(const Json& value)
-{
-    switch (value.type()) {
-    case Json::value_t::object:
-        return "an object";
-    case Json::value_t::array:
-        return "a list of " + std::to_string(value.size());
-    default:
-        break;
-    }
-    std::string text = value.dump(-1, ' ', true, Json::error_handler_t::replace);
-    if (text.size() > LONGEST_FOUND)
-        text = text.substr(0, LONGEST_FOUND) + "...";
-    return text;
-}
-
-std::string placeBelow(const std::string& place, const std::string& key)
-{
-    std::string escaped;
-    for (const char c : key)
-        if (c == '~')
-            escaped += "~0";
-        else if (c == '/')
-            escaped += "~1";
-        else if (static_cast<unsigned char>(c) < ' ')
-            escaped += '?'; // the message is one line
-        else
-            escaped += c;
-    return place + "/" + escaped;
-}
-
-std::string placeBelow(const std::string& place, std::size_t index)
-{
-    return place + "/" + std::to_string(index);
-}
-
-std::string hexBytes(const std::string& digits, const std::string& place, const Json& found)
-{
-    std::string nibbles;
-    for (const char c : digits) {
-        if (c == ' ')
-            continue;
-        if (std::isxdigit(static_cast<unsigned char>(c)) == 0)
-            throw FormatError(place, "hexadecimal digit pairs", describe(found));
-        nibbles += c;
-    }
-    if (nibbles.size() % 2 != 0)
+    std::string digits = text;
+    digits.erase(std::remove(digits.begin(), digits.end(), ' '), digits.end());
+    const auto bytes = devkit::bytesOfHex(digits);
+    if (!bytes)
         throw FormatError(place, "hexadecimal digit pairs", describe(found));
-    std::string bytes;
-    for (std::size_t i = 0; i < nibbles.size(); i += 2)
-        bytes += static_cast<char>(std::stoul(nibbles.substr(i, 2), nullptr, 16));
-    return bytes;
+    return *bytes;
 }
 
 StrictObject::StrictObject(const Json& value, std::string place) : m_value(&value), m_place(std::move(place))
@@ -227,7 +124,7 @@ std::optional<std::string> StrictObject::bytes(const char* key, std::size_t widt
     if (!value->is_string())
         throw FormatError(place(key), "a text", describe(*value));
     auto text = value->get<std::string>();
-    if (text.compare(0, HEX_PREFIX.size(), HEX_PREFIX) == 0)
+    if (devkit::startsWith(text, HEX_PREFIX))
         text = hexBytes(text.substr(HEX_PREFIX.size()), place(key), *value);
     if (text.size() > width) {
         throw FormatError(place(key), "at most " + std::to_string(width) + " bytes",
@@ -251,14 +148,14 @@ std::optional<std::uint64_t> StrictObject::kilobytes(const std::string& prefix)
                           std::to_string(given) + " of them");
     }
     if (exact) {
-        result = *exact / 1024;
+        result = *exact / BYTES_PER_KB;
     } else if (human != nullptr) {
-        const auto amount = human->is_string() ? humanBytes(human->get<std::string>()) : std::nullopt;
+        const auto amount = human->is_string() ? bytesOfAmount(human->get<std::string>()) : std::nullopt;
         if (!amount) {
             throw FormatError(place(prefix.c_str()), "an amount such as \"480GB\", \"1.92 TB\" or \"64KiB\"",
                               describe(*human));
         }
-        result = *amount / 1024;
+        result = *amount / BYTES_PER_KB;
     }
     return result;
 }

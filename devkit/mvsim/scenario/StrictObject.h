@@ -1,27 +1,18 @@
 // A JSON object read strictly: every member is fetched by name, and in the end none may be left over.
-// Whatever is not as expected is thrown as a FormatError that names the place as a JSON pointer.
+// Whatever is not as expected is thrown as a FormatError.
 #ifndef ZARNEK_DEVKIT_MVSIM_STRICTOBJECT_H
 #define ZARNEK_DEVKIT_MVSIM_STRICTOBJECT_H
 
-#include <nlohmann/json.hpp>
+#include "mvsim/scenario/FormatError.h"
 
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace mvsim
 {
-
-using Json = nlohmann::json;
-
-class FormatError : public std::runtime_error
-{
-  public:
-    FormatError(const std::string& place, const std::string& expected, const std::string& found);
-};
 
 // A word that may stand for a number in a scenario.
 struct Word {
@@ -83,6 +74,16 @@ class StrictObject
     std::optional<std::uint64_t> kilobytes(const std::string& prefix);
     // The elements of a list; none without the key.
     const Json& list(const char* key);
+    // Calls `read(element)` for each element of a list of objects.
+    template <class Read>
+    void each(const char* key, Read read)
+    {
+        const Json& elements = list(key);
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            StrictObject element(elements[i], placeBelow(place(key), i));
+            read(element);
+        }
+    }
 
     // The result of one of the readers above, which has to be there.
     template <class T>
@@ -105,13 +106,8 @@ class StrictObject
     std::vector<std::string> m_known;
 };
 
-// The place of a member or an element below another place.
-std::string placeBelow(const std::string& place, const std::string& key);
-std::string placeBelow(const std::string& place, std::size_t index);
-// Digit pairs, blanks between them allowed, as bytes.
-std::string hexBytes(const std::string& digits, const std::string& place, const Json& found);
-// What stands in the file, short and on one line.
-std::string describe(const Json& value);
+// Digit pairs, blanks between them allowed, as bytes; `found` is the value that an error shows.
+std::string hexBytes(const std::string& text, const std::string& place, const Json& found);
 
 } // namespace mvsim
 

@@ -18,11 +18,11 @@ namespace zarnekctl
 namespace
 {
 
-constexpr const char* epilogue =
+constexpr const char* EPILOGUE =
     "Exit status: 0 done; 1 the plug-in or the vendor library failed, or the output\n"
     "could not be written; 2 wrong usage; 3 bad input.";
-constexpr std::size_t helpWidth = 80;
-constexpr std::size_t helpNameWidth = 22;
+constexpr std::size_t HELP_WIDTH = 80;
+constexpr std::size_t HELP_NAME_WIDTH = 22;
 
 // Broken at blanks into lines of at most so many columns.
 std::string wrapped(const std::string& text, std::size_t width)
@@ -46,7 +46,7 @@ std::string wrapped(const std::string& text, std::size_t width)
 class HelpFormatter : public CLI::Formatter
 {
   public:
-    HelpFormatter() { column_width(helpNameWidth); }
+    HelpFormatter() { column_width(HELP_NAME_WIDTH); }
 
     std::string make_option_opts(const CLI::Option* option) const override
     {
@@ -55,7 +55,7 @@ class HelpFormatter : public CLI::Formatter
 
     std::string make_option_desc(const CLI::Option* option) const override
     {
-        return wrapped(option->get_description(), helpWidth - helpNameWidth);
+        return wrapped(option->get_description(), HELP_WIDTH - HELP_NAME_WIDTH);
     }
 };
 
@@ -73,7 +73,7 @@ std::string choice(const std::vector<std::string>& words)
 
 std::string inQuotes(const std::string& word)
 {
-    return '"' + escaped(word) + '"';
+    return '"' + devkit::escaped(word) + '"';
 }
 
 // The whole text as a number; nothing where it is none, or one out of range.
@@ -110,7 +110,7 @@ struct OptionAdder {
     CLI::Option* operator()(std::optional<unsigned int> Options::*field) const
     {
         const unsigned int least = field == &Options::polls ? 1 : 0;
-        const unsigned int most = field == &Options::globalNumber ? highestFirstController
+        const unsigned int most = field == &Options::globalNumber ? HIGHEST_FIRST_CONTROLLER
                                                                   : std::numeric_limits<unsigned int>::max();
         return addNumber(field, "a whole number", least, most);
     }
@@ -259,7 +259,7 @@ std::optional<ExitStatus> parseCommandLine(int argc, const char* const* argv, Op
     app.set_help_flag("-h,--help", "show this help");
     app.set_version_flag("--version", std::string("zarnekctl ") + ZARNEKCTL_VERSION, "show the version");
     app.require_subcommand(1);
-    app.footer(epilogue);
+    app.footer(EPILOGUE);
     std::size_t count = 0;
     const CommandRow* commands = commandRows(count);
     for (std::size_t index = 0; index < count; ++index) {

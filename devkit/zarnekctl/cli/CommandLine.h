@@ -1,6 +1,6 @@
 // Turns the command line into Options.
-#ifndef ZARNEKCTL_COMMAND_LINE_H
-#define ZARNEKCTL_COMMAND_LINE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_COMMANDLINE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_COMMANDLINE_H
 
 #include "zarnekctl/config/ExitStatus.h"
 #include "zarnekctl/config/Options.h"

@@ -1,7 +1,7 @@
 // The commands of zarnekctl. Each carries out what the options ask for, results on standard output and
 // remarks on standard error; they throw Failure when they cannot.
-#ifndef ZARNEKCTL_COMMANDS_H
-#define ZARNEKCTL_COMMANDS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_COMMANDS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_COMMANDS_H
 
 #include "zarnekctl/config/ExitStatus.h"
 #include "zarnekctl/config/Installation.h"

@@ -8,13 +8,13 @@ namespace zarnekctl
 namespace
 {
 
-constexpr CommandRow commands[] = {
+constexpr CommandRow COMMANDS[] = {
     {Command::Discover, "discover", "discover, and show what the data engine then holds"},
     {Command::Monitor, "monitor", "discover, then show alerts and what they change"},
     {Command::Check, "check", "look for mistakes in private.ini and MarvelAlertMapping.ini"},
 };
 
-const OptionRow options[] = {
+const OptionRow OPTIONS[] = {
     {"--scenario", "FILE", true, true, false, &Options::scenario, nullptr, "--live",
      "play the simulated system that FILE describes; a bare name means a shipped one, which is also what is "
      "played when no source is named"},
@@ -40,7 +40,7 @@ const OptionRow options[] = {
      "the plug-in to load instead of the one beside this program"},
 };
 
-constexpr FormatRow formats[] = {
+constexpr FormatRow FORMATS[] = {
     {"tree", OutputFormat::Tree, true, false}, {"table", OutputFormat::Table, true, false},
     {"text", OutputFormat::Text, false, true}, {"json", OutputFormat::Json, true, true},
     {"dot", OutputFormat::Dot, true, false},
@@ -50,20 +50,20 @@ constexpr FormatRow formats[] = {
 
 const CommandRow* commandRows(std::size_t& count)
 {
-    count = std::size(commands);
-    return commands;
+    count = std::size(COMMANDS);
+    return COMMANDS;
 }
 
 const OptionRow* optionRows(std::size_t& count)
 {
-    count = std::size(options);
-    return options;
+    count = std::size(OPTIONS);
+    return OPTIONS;
 }
 
 const FormatRow* formatRows(std::size_t& count)
 {
-    count = std::size(formats);
-    return formats;
+    count = std::size(FORMATS);
+    return FORMATS;
 }
 
 bool belongsTo(const OptionRow& row, Command command)

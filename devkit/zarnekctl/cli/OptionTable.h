@@ -1,6 +1,6 @@
 // The one table of the command line: parsing, --help and the manual page's option list follow it.
-#ifndef ZARNEKCTL_OPTION_TABLE_H
-#define ZARNEKCTL_OPTION_TABLE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_OPTIONTABLE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_OPTIONTABLE_H
 
 #include "zarnekctl/config/Options.h"
 
@@ -35,7 +35,7 @@ struct OptionRow {
 };
 
 // Numbers of controllers end at 4294967294, and an adapter's index has a byte.
-constexpr unsigned int highestFirstController = 4294967294U - 255;
+constexpr unsigned int HIGHEST_FIRST_CONTROLLER = 4294967294U - 255;
 
 const CommandRow* commandRows(std::size_t& count);
 const OptionRow* optionRows(std::size_t& count);

@@ -36,7 +36,8 @@ ExitStatus discoverCommand(const Options& options, const Installation& installat
 {
     const ConfigFolder config(options.config);
     config.prepare(installation);
-    ConfigCheck(config, installation.plugin(options.plugin).parent_path()).refuse(Effect::NoDiscovery);
+    ConfigCheck(config, VendorLibrary::probeIn(installation.plugin(options.plugin).parent_path()))
+        .refuse(Effect::NoDiscovery);
 
     EngineHost host(options, installation, config, "large-server");
     host.initialise();

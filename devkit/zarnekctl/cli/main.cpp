@@ -7,18 +7,21 @@
 #include <poll.h>
 #include <unistd.h>
 
+namespace zarnekctl
+{
+
 namespace
 {
 
-zarnekctl::ExitStatus run(const zarnekctl::Options& options)
+ExitStatus run(const Options& options)
 {
-    const auto installation = zarnekctl::Installation::ofThisProgram();
+    const auto installation = Installation::ofThisProgram();
     switch (options.command) {
-    case zarnekctl::Command::Discover:
+    case Command::Discover:
         return discoverCommand(options, installation);
-    case zarnekctl::Command::Monitor:
+    case Command::Monitor:
         return monitorCommand(options, installation);
-    case zarnekctl::Command::Check:
+    case Command::Check:
         break;
     }
     return checkCommand(options, installation);
@@ -36,24 +39,31 @@ bool isOutputWhole()
     return readerWent;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+// The whole run; the exit status.
+int runProgram(int argc, const char* const* argv)
 {
-    using zarnekctl::ExitStatus;
     try {
-        zarnekctl::Options options;
-        const auto finished = zarnekctl::parseCommandLine(argc, argv, options);
+        Options options;
+        const auto finished = parseCommandLine(argc, argv, options);
         const ExitStatus status = finished ? *finished : run(options);
-        return zarnekctl::exitCode(isOutputWhole() ? status : ExitStatus::PluginFailed);
-    } catch (const zarnekctl::Failure& failure) {
+        return exitCode(isOutputWhole() ? status : ExitStatus::PluginFailed);
+    } catch (const Failure& failure) {
         std::cout << std::flush;
         std::cerr << "zarnekctl: " << failure.what() << '\n';
         for (const std::string& line : failure.log())
             std::cerr << "  " << line << '\n';
-        return zarnekctl::exitCode(failure.status());
+        return exitCode(failure.status());
     } catch (const std::exception& exception) {
         std::cerr << "zarnekctl: " << exception.what() << '\n';
-        return zarnekctl::exitCode(ExitStatus::PluginFailed);
+        return exitCode(ExitStatus::PluginFailed);
     }
+}
+
+} // namespace
+
+} // namespace zarnekctl
+
+int main(int argc, char** argv)
+{
+    return zarnekctl::runProgram(argc, argv);
 }

@@ -1,9 +1,9 @@
 #include "zarnekctl/config/ConfigCheck.h"
 
-#include "common/Utf8.h"
+#include "common/files.h"
+#include "common/text.h"
 #include "zarnekctl/config/Failure.h"
 #include "zarnekctl/config/MappingCheck.h"
-#include "zarnekctl/config/PrivateIniCheck.h"
 
 #include <algorithm>
 #include <system_error>
@@ -17,10 +17,10 @@ namespace
 
 Findings checkMappingFile(const std::filesystem::path& path)
 {
-    const auto file = MappingFile::read(path);
-    if (!file)
-        return {{1, Effect::NoMonitoring, "the file cannot be read", putTheFileThere}};
-    Findings findings = MappingCheck(*file).run();
+    std::string content;
+    if (devkit::readFile(path.string(), content) != devkit::FileRead::Done)
+        return {{1, Effect::NoMonitoring, "the file cannot be read", PUT_THE_FILE_THERE}};
+    Findings findings = MappingCheck(content).run();
     // The file is replaced, so that the right to write into its folder counts.
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::canonical(path, error).parent_path();
@@ -34,8 +34,8 @@ Findings checkMappingFile(const std::filesystem::path& path)
 
 } // namespace
 
-ConfigCheck::ConfigCheck(const ConfigFolder& config, const std::filesystem::path& libraryFolder)
-    : m_files{{config.privateIni().string(), checkPrivateIni(config.privateIni(), libraryFolder)},
+ConfigCheck::ConfigCheck(const ConfigFolder& config, const LibraryProbe& probe)
+    : m_files{{config.privateIni().string(), checkPrivateIni(config.privateIni(), probe)},
               {config.mapping().string(), checkMappingFile(config.mapping())}}
 {
 }
@@ -64,7 +64,7 @@ void ConfigCheck::refuse(Effect atLeast) const
     const auto reasons = lines(atLeast);
     if (!reasons.empty())
         throw Failure(ExitStatus::BadInput,
-                      "the configuration has " + counted(reasons.size(), "error") +
+                      "the configuration has " + devkit::counted(reasons.size(), "error") +
                           " to be mended first; `zarnekctl check` tells all",
                       reasons);
 }

@@ -1,9 +1,10 @@
 // Both configuration files looked through at once.
-#ifndef ZARNEKCTL_CONFIG_CHECK_H
-#define ZARNEKCTL_CONFIG_CHECK_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_CONFIGCHECK_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_CONFIGCHECK_H
 
 #include "zarnekctl/config/ConfigFolder.h"
 #include "zarnekctl/config/Finding.h"
+#include "zarnekctl/config/PrivateIniCheck.h"
 
 #include <string>
 #include <vector>
@@ -14,8 +15,8 @@ namespace zarnekctl
 class ConfigCheck
 {
   public:
-    // The vendor library is tried too, in this folder first; not when the folder is empty.
-    explicit ConfigCheck(const ConfigFolder& config, const std::filesystem::path& libraryFolder = {});
+    // The vendor library is tried too when there is a probe.
+    explicit ConfigCheck(const ConfigFolder& config, const LibraryProbe& probe = {});
 
     // The findings as lines, the private INI's first; those alone that are at least as bad as `atLeast`.
     std::vector<std::string> lines(Effect atLeast = Effect::Surprise) const;

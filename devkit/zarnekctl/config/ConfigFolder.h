@@ -1,9 +1,10 @@
 // The folder with the two configuration files of a run. The event sequence number is written there, so it
 // belongs to the user, never to the source tree or the install prefix.
-#ifndef ZARNEKCTL_CONFIG_FOLDER_H
-#define ZARNEKCTL_CONFIG_FOLDER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_CONFIGFOLDER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_CONFIGFOLDER_H
 
 #include "zarnekctl/config/Installation.h"
+#include <zarnek_ini.h>
 
 #include <filesystem>
 #include <optional>
@@ -25,7 +26,7 @@ class ConfigFolder
 
     const std::filesystem::path& path() const { return m_path; }
     std::filesystem::path privateIni() const { return m_path / "private.ini"; }
-    std::filesystem::path mapping() const { return m_path / "MarvelAlertMapping.ini"; }
+    std::filesystem::path mapping() const { return m_path / (INI_ALERT_MAPPING_FILE + 1); }
     // Where the simulator keeps the live machine's event numbers.
     std::filesystem::path liveState() const { return m_path / "live-events.state"; }
 

@@ -1,6 +1,6 @@
 // What zarnekctl tells its caller by its exit status.
-#ifndef ZARNEKCTL_EXIT_STATUS_H
-#define ZARNEKCTL_EXIT_STATUS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_EXITSTATUS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_EXITSTATUS_H
 
 namespace zarnekctl
 {

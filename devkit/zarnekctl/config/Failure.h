@@ -1,6 +1,6 @@
 // The one exception of the host: a run that cannot go on, with the exit status it ends in.
-#ifndef ZARNEKCTL_FAILURE_H
-#define ZARNEKCTL_FAILURE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_FAILURE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_FAILURE_H
 
 #include "zarnekctl/config/ExitStatus.h"
 

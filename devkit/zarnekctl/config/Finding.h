@@ -1,6 +1,6 @@
 // Something wrong or surprising in a configuration file.
-#ifndef ZARNEKCTL_FINDING_H
-#define ZARNEKCTL_FINDING_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_FINDING_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_FINDING_H
 
 #include <cstddef>
 #include <string>
@@ -30,7 +30,11 @@ struct Finding {
 using Findings = std::vector<Finding>;
 
 // The remedy for a missing file.
-constexpr const char* putTheFileThere = "run `zarnekctl discover` with this folder once, which puts it there";
+constexpr const char* PUT_THE_FILE_THERE =
+    "run `zarnekctl discover` with this folder once, which puts it there";
+
+// "[Adapter]", as a remedy has it.
+std::string inBrackets(const std::string& section);
 
 // By line, in the order found where the line is the same.
 void sortByLine(Findings& findings);

@@ -2,7 +2,7 @@
 
 #include "zarnekctl/config/Failure.h"
 
-#include <set>
+#include <algorithm>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -13,7 +13,8 @@ namespace zarnekctl
 namespace
 {
 
-constexpr const char* pluginName = "libpld_sm_zarnek.so";
+constexpr const char* PLUGIN_NAME = "libpld_sm_zarnek.so";
+constexpr const char* SCENARIOS = "scenarios";
 
 bool isFile(const fs::path& path)
 {
@@ -32,7 +33,8 @@ std::optional<fs::path> firstFile(const std::vector<fs::path>& candidates)
 } // namespace
 
 Installation::Installation(const fs::path& executable)
-    : m_folder(executable.parent_path()), m_prefix(m_folder.parent_path())
+    : m_folder(executable.parent_path()), m_prefix(m_folder.parent_path()),
+      m_data((m_folder / ZARNEKCTL_DATA_FOLDER).lexically_normal())
 {
 }
 
@@ -49,18 +51,18 @@ fs::path Installation::plugin(const std::optional<std::string>& named) const
 {
     if (named)
         return fs::absolute(*named);
-    const auto found = firstFile({m_prefix / "lib" / pluginName,
-                                  m_prefix / ZARNEKCTL_INSTALL_LIBDIR / pluginName, m_folder / pluginName});
+    const auto found = firstFile({m_prefix / "lib" / PLUGIN_NAME,
+                                  m_prefix / ZARNEKCTL_INSTALL_LIBDIR / PLUGIN_NAME, m_folder / PLUGIN_NAME});
     if (!found)
-        throw Failure(ExitStatus::BadInput, std::string("no ") + pluginName + " beside " + m_folder.string() +
+        throw Failure(ExitStatus::BadInput, std::string("no ") + PLUGIN_NAME + " beside " +
+                                                m_folder.string() +
                                                 "; build it, or name the file with --plugin");
     return *found;
 }
 
 fs::path Installation::shippedConfig(const std::string& name) const
 {
-    const auto found = firstFile(
-        {m_prefix / "share" / "zarnek" / "config" / name, fs::path(ZARNEKCTL_SOURCE_DIR) / "config" / name});
+    const auto found = firstFile({m_data / "config" / name});
     if (!found)
         throw Failure(ExitStatus::BadInput,
                       "the shipped " + name +
@@ -68,30 +70,21 @@ fs::path Installation::shippedConfig(const std::string& name) const
     return *found;
 }
 
-std::vector<fs::path> Installation::scenarioFolders() const
-{
-    return {m_prefix / "share" / "zarnek" / "scenarios", fs::path(ZARNEKCTL_SOURCE_DIR) / "scenarios"};
-}
-
 std::optional<fs::path> Installation::shippedScenario(const std::string& name) const
 {
-    std::vector<fs::path> candidates;
-    for (const std::string& file : {name, name + ".json"})
-        for (const fs::path& folder : scenarioFolders())
-            candidates.push_back(folder / file);
-    return firstFile(candidates);
+    const fs::path folder = m_data / SCENARIOS;
+    return firstFile({folder / name, folder / (name + ".json")});
 }
 
 std::vector<std::string> Installation::shippedScenarios() const
 {
-    std::set<std::string> names;
-    for (const fs::path& folder : scenarioFolders()) {
-        std::error_code error;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder, error))
-            if (entry.path().extension() == ".json")
-                names.insert(entry.path().stem().string());
-    }
-    return {names.begin(), names.end()};
+    std::vector<std::string> names;
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(m_data / SCENARIOS, error))
+        if (entry.path().extension() == ".json")
+            names.push_back(entry.path().stem().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 } // namespace zarnekctl

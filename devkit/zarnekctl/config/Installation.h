@@ -1,6 +1,6 @@
 // Where the files are that zarnekctl comes with, in the build tree and below an install prefix alike.
-#ifndef ZARNEKCTL_INSTALLATION_H
-#define ZARNEKCTL_INSTALLATION_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_INSTALLATION_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_INSTALLATION_H
 
 #include <filesystem>
 #include <optional>
@@ -28,10 +28,9 @@ class Installation
     std::vector<std::string> shippedScenarios() const;
 
   private:
-    std::vector<std::filesystem::path> scenarioFolders() const;
-
     std::filesystem::path m_folder; // of the executable
     std::filesystem::path m_prefix; // the folder above it
+    std::filesystem::path m_data;   // shipped configuration and scenarios
 };
 
 } // namespace zarnekctl

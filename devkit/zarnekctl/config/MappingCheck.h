@@ -1,7 +1,8 @@
 // Looks through an alert mapping file for what would stop monitoring or surprise its author.
-#ifndef ZARNEKCTL_MAPPING_CHECK_H
-#define ZARNEKCTL_MAPPING_CHECK_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MAPPINGCHECK_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MAPPINGCHECK_H
 
+#include "common/IniText.h"
 #include "zarnekctl/config/Finding.h"
 #include "zarnekctl/config/MappingFile.h"
 
@@ -14,7 +15,7 @@ namespace zarnekctl
 class MappingCheck
 {
   public:
-    explicit MappingCheck(const MappingFile& file) : m_file(file) {}
+    explicit MappingCheck(const std::string& content) : m_file(content), m_text(content) {}
     // All findings, by line.
     Findings run();
 
@@ -25,10 +26,12 @@ class MappingCheck
     void checkDuplicate(const MappingFile::Line& line);
     void checkFatal(const MappingFile::Line& line);
     void checkSequenceNumber();
+    void checkThatTheNumberIsKept(const MappingFile::Line& line);
     void checkThatSomethingIsMapped();
     void add(std::size_t line, Effect effect, std::string what, std::string remedy);
 
-    const MappingFile& m_file;
+    const MappingFile m_file;
+    const devkit::IniText m_text; // as the support library reads it, which writes the sequence number
     Findings m_findings;
     std::map<std::pair<std::string, std::string>, std::size_t> m_firstLines; // section and key
     bool m_carriageReturnTold = false;

@@ -1,9 +1,11 @@
 #include "zarnekctl/config/MappingFile.h"
 
 #include "common/files.h"
+#include <zarnek_ini.h>
 
 #include <cctype>
 #include <cstdlib>
+#include <limits>
 
 namespace zarnekctl
 {
@@ -45,7 +47,7 @@ MappingFile::MappingFile(const std::string& content)
             // The name's length counts from the line's beginning, so a header must begin its line; with the
             // bracket in the first place the length wraps around to all that is left.
             line.kind = LineKind::Section;
-            section = text.substr(open + 1, close == 0 ? std::string::npos : close - 1);
+            section = text.substr(open + 1, close - 1);
             headless = false;
             line.section = section;
         } else {
@@ -64,7 +66,7 @@ MappingFile::MappingFile(const std::string& content)
 std::optional<MappingFile> MappingFile::read(const std::filesystem::path& file)
 {
     std::string content;
-    if (devkit::readFile(file.string(), content) != devkit::FileRead::DONE)
+    if (devkit::readFile(file.string(), content) != devkit::FileRead::Done)
         return std::nullopt;
     return MappingFile(content);
 }
@@ -94,21 +96,28 @@ const MappingFile::Line* MappingFile::fatalOnTheWayTo(const std::string& section
 std::optional<std::uint32_t> MappingFile::alertNumber(const std::string& section, unsigned int code) const
 {
     const Line* line = find(section, std::to_string(code));
-    const std::uint32_t number = line == nullptr ? noNumber : numberOf(line->value);
-    return number < lowestAlert || number == noNumber ? std::nullopt : std::optional<std::uint32_t>(number);
+    const std::uint32_t number = line == nullptr ? INI_NO_NUMBER : numberOf(line->value);
+    return number < INI_FIRST_ALERT_NUMBER || number == INI_NO_NUMBER ? std::nullopt
+                                                                      : std::optional<std::uint32_t>(number);
 }
 
 std::uint32_t MappingFile::sequenceNumber() const
 {
-    const Line* line = find(sequenceSection, sequenceKey);
-    return line == nullptr ? noNumber : numberOf(line->value);
+    const Line* line = find(INI_SEQUENCE_SECTION, INI_SEQUENCE_KEY);
+    return line == nullptr ? INI_NO_NUMBER : numberOf(line->value);
+}
+
+std::uint32_t MappingFile::sequenceNumberIn(const std::filesystem::path& file)
+{
+    const auto mapping = read(file);
+    return mapping ? mapping->sequenceNumber() : INI_NO_NUMBER;
 }
 
 std::uint32_t MappingFile::numberOf(const std::string& value)
 {
-    constexpr long long limit = 0xFFFFFFFF;
+    constexpr long long LIMIT = std::numeric_limits<std::uint32_t>::max();
     const long long number = std::strtoll(value.c_str(), nullptr, 10);
-    return number > limit || number < -limit ? noNumber : static_cast<std::uint32_t>(number);
+    return number > LIMIT || number < -LIMIT ? INI_NO_NUMBER : static_cast<std::uint32_t>(number);
 }
 
 } // namespace zarnekctl

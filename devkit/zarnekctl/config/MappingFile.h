@@ -5,8 +5,8 @@
 // goes away. A line that holds "[" and "]" is a section header, anything else a key with what stands behind
 // the first "=". Keys ahead of the first header count in every section. A line of nothing but white space
 // ends the reading, and with it the thread that reads.
-#ifndef ZARNEKCTL_MAPPING_FILE_H
-#define ZARNEKCTL_MAPPING_FILE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MAPPINGFILE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MAPPINGFILE_H
 
 #include <cstddef>
 #include <cstdint>
@@ -48,17 +48,14 @@ class MappingFile
 
     // The alert number that an event code has in a section; nothing when it counts as unmapped.
     std::optional<std::uint32_t> alertNumber(const std::string& section, unsigned int code) const;
-    // The persisted sequence number, 4294967295 when there is none.
+    // The persisted sequence number, INI_NO_NUMBER when there is none.
     std::uint32_t sequenceNumber() const;
+    // The same of a file, which may be missing.
+    static std::uint32_t sequenceNumberIn(const std::filesystem::path& file);
 
     // The number that the plug-in makes of a value: leading digits, 0 without any, the largest one
     // for what 32 bits cannot hold; a minus sign negates modulo 2^32.
     static std::uint32_t numberOf(const std::string& value);
-
-    static constexpr std::uint32_t lowestAlert = 2048; // what is below counts as no mapping
-    static constexpr std::uint32_t noNumber = 0xFFFFFFFFU;
-    static constexpr const char* sequenceSection = "EventSequenceNumber";
-    static constexpr const char* sequenceKey = "SequenceNumber";
 
   private:
     std::vector<Line> m_lines;

@@ -1,6 +1,6 @@
 // What the command line asks for.
-#ifndef ZARNEKCTL_OPTIONS_H
-#define ZARNEKCTL_OPTIONS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_OPTIONS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_OPTIONS_H
 
 #include <optional>
 #include <string>

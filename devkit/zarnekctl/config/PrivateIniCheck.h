@@ -1,27 +1,33 @@
 // Looks through the private INI for what would keep the vendor library from being loaded.
-#ifndef ZARNEKCTL_PRIVATE_INI_CHECK_H
-#define ZARNEKCTL_PRIVATE_INI_CHECK_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_PRIVATEINICHECK_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_PRIVATEINICHECK_H
 
+#include "common/IniText.h"
 #include "zarnekctl/config/Finding.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
 namespace zarnekctl
 {
 
-// All findings, by line. The values are those that the support library reads from `file`; it is left with
-// that file as its private INI. The vendor library that it names is opened, in `libraryFolder` or wherever
-// the loader finds it; not when the folder is empty.
-Findings checkPrivateIni(const std::filesystem::path& file, const std::filesystem::path& libraryFolder);
+// Opens the vendor library of that name and says why the plug-in would find nothing through it, empty when it
+// would. Throws Failure when it cannot be opened.
+using LibraryProbe = std::function<std::string(const std::string& name)>;
 
-// One value of the support library's private INI; nothing when the key is missing.
-std::optional<std::string> privateIniValue(const std::string& section, const std::string& key);
+// All findings, by line. The vendor library that the file names goes through the probe, if there is one.
+Findings checkPrivateIni(const std::filesystem::path& file, const LibraryProbe& probe);
 
-constexpr const char* vendorIdSection = "VendorID";
-constexpr const char* vendorIdKey = "Marvell";
-constexpr const char* vendorLibrarySection = "VendorLibName";
+// What the private INI says about the vendor library.
+struct VendorEntry {
+    std::optional<std::string> id;
+    std::string libraryKey; // where the name stands; under the one known id when there is none
+    std::optional<std::string> library;
+
+    explicit VendorEntry(const devkit::IniText& privateIni);
+};
 
 } // namespace zarnekctl
 

@@ -1,6 +1,7 @@
 #include "zarnekctl/host/DebugLog.h"
 
 #include "common/Utf8.h"
+#include "common/text.h"
 
 #include <cstring>
 #include <iostream>
@@ -13,8 +14,8 @@ namespace zarnekctl
 namespace
 {
 
-constexpr std::size_t remembered = 10;
-constexpr const char* refusalMark = "mvErrorDisplay() FAILED: ";
+constexpr std::size_t REMEMBERED = 10;
+constexpr const char* REFUSAL_MARK = "mvErrorDisplay() FAILED: ";
 
 bool endsWith(const std::string& text, const std::string& end)
 {
@@ -24,10 +25,10 @@ bool endsWith(const std::string& text, const std::string& end)
 // What the line gives as the reason of a refused call; nothing for any other line.
 std::optional<std::string> refusalIn(const std::string& line)
 {
-    const std::size_t mark = line.find(refusalMark);
+    const std::size_t mark = line.find(REFUSAL_MARK);
     if (mark == std::string::npos)
         return std::nullopt;
-    const std::string reason = line.substr(mark + std::strlen(refusalMark));
+    const std::string reason = line.substr(mark + std::strlen(REFUSAL_MARK));
     return reason.substr(0, reason.find_last_not_of(' ') + 1);
 }
 
@@ -38,20 +39,20 @@ std::string describe(const Refusals& refusals)
     std::string text;
     for (const std::string& reason : refusals.reasons)
         text += (text.empty() ? ": " : ", ") + reason;
-    return counted(refusals.count, "call") + text;
+    return devkit::counted(refusals.count, "call") + text;
 }
 
 void DebugLog::add(const char* text)
 {
     m_trace.line("log", text);
-    const std::string line = escaped(text);
+    const std::string line = devkit::escaped(text);
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_echo)
         std::cerr << line << '\n';
     if (endsWith(line, " ENTRY ") || endsWith(line, " EXIT "))
         return;
     m_last.push_back(line);
-    if (m_last.size() > remembered)
+    if (m_last.size() > REMEMBERED)
         m_last.pop_front();
     if (const auto reason = refusalIn(line)) {
         ++m_refusals.count;

@@ -1,7 +1,7 @@
 // Receives the plug-in's debug text: shows it when asked to, remembers the end of it for a failure, and
 // gathers the calls that the vendor library refused, which the plug-in passes over with a line.
-#ifndef ZARNEKCTL_DEBUG_LOG_H
-#define ZARNEKCTL_DEBUG_LOG_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_DEBUGLOG_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_DEBUGLOG_H
 
 #include "zarnekctl/host/Trace.h"
 

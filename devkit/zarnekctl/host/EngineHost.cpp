@@ -1,11 +1,15 @@
 #include "zarnekctl/host/EngineHost.h"
 
 #include "common/Utf8.h"
+#include "common/files.h"
+#include "common/text.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 #include "zarnekctl/config/Failure.h"
 #include "zarnekctl/config/MappingFile.h"
 #include "zarnekctl/config/PrivateIniCheck.h"
+#include <zarnek.h>
+#include <zarnek_ini.h>
 
 #include <iostream>
 #include <system_error>
@@ -48,10 +52,12 @@ class ThreadHold
     ThreadHold& operator=(const ThreadHold&) = delete;
 };
 
-std::string vendorLibraryName()
+// Empty when there is none.
+std::string vendorLibraryName(const fs::path& privateIni)
 {
-    const std::string id = privateIniValue(vendorIdSection, vendorIdKey).value_or("");
-    return privateIniValue(vendorLibrarySection, "Linux_" + id).value_or("");
+    std::string content;
+    devkit::readFile(privateIni.string(), content);
+    return VendorEntry(devkit::IniText(content)).library.value_or("");
 }
 
 // The file itself, otherwise a shipped scenario of that name. Throws Failure (BadInput) when there is
@@ -68,7 +74,7 @@ fs::path scenarioFile(const std::string& named, const Installation& installation
     std::string names;
     for (const std::string& name : installation.shippedScenarios())
         names += (names.empty() ? "; shipped are " : ", ") + name;
-    throw Failure(ExitStatus::BadInput, escaped(named) + ": no such scenario file" + names);
+    throw Failure(ExitStatus::BadInput, devkit::escaped(named) + ": no such scenario file" + names);
 }
 
 } // namespace
@@ -83,7 +89,7 @@ EngineHost::EngineHost(const Options& options, const Installation& installation,
     const fs::path plugin = installation.plugin(options.plugin);
     m_plugin.emplace(plugin, m_trace);
     // The plug-in opens the vendor library by name at its first command, and then gets this one.
-    m_vendorLibrary.emplace(vendorLibraryName(), plugin.parent_path());
+    m_vendorLibrary.emplace(vendorLibraryName(config.privateIni()), plugin.parent_path());
     chooseSource(options, installation, config, defaultScenario);
     if (m_trace.isOn())
         traceCalls();
@@ -106,9 +112,8 @@ void EngineHost::chooseSource(const Options& options, const Installation& instal
                               const ConfigFolder& config, const std::string& defaultScenario)
 {
     // A real adapter's event numbers go on growing; so do those of the simulator from the number persisted.
-    const auto mapping = MappingFile::read(config.mapping());
-    const std::uint32_t sequence = mapping ? mapping->sequenceNumber() : MappingFile::noNumber;
-    if (sequence != MappingFile::noNumber)
+    const std::uint32_t sequence = MappingFile::sequenceNumberIn(config.mapping());
+    if (sequence != INI_NO_NUMBER)
         m_vendorLibrary->setSequenceBase(sequence);
 
     if (options.live) {
@@ -135,17 +140,17 @@ void EngineHost::traceCalls()
     m_vendorLibrary->setCallSink(traceVendorCall, &m_trace);
 }
 
-void EngineHost::send(ControlCommand command, void* input, void** output)
+void EngineHost::send(unsigned int command, void* input, void** output)
 {
-    const std::string intent = std::string("the plug-in failed to ") + wordOf(command);
-    unsigned int status = 0;
+    const std::string intent = std::string("the plug-in failed to ") + commandWord(command);
+    unsigned int status = ZARNEK_STATUS_DONE;
     try {
         status = m_plugin->command(command, input, output);
     } catch (const std::exception& exception) {
         throw Failure(ExitStatus::PluginFailed, intent + ", an exception came out of it: " + exception.what(),
                       m_log.lastLines());
     }
-    if (status != 0)
+    if (status != ZARNEK_STATUS_DONE)
         throw Failure(ExitStatus::PluginFailed, intent + ", status " + std::to_string(status),
                       m_log.lastLines());
 }
@@ -154,13 +159,13 @@ void EngineHost::initialise()
 {
     // The plug-in answers with the number of its vendor layer in the slot itself.
     void* answer = nullptr;
-    send(ControlCommand::Initialise, nullptr, &answer);
+    send(ZARNEK_CMD_INITIALIZE, nullptr, &answer);
 }
 
 void EngineHost::discover(unsigned int globalNumber)
 {
     void* total = &m_controllersFound;
-    send(ControlCommand::Discover, &globalNumber, &total);
+    send(ZARNEK_CMD_DISCOVER, &globalNumber, &total);
     m_refusedInDiscovery = takeRefusals();
 }
 
@@ -168,19 +173,19 @@ void EngineHost::startMonitoring()
 {
     // Plug-in and event thread log without a lock: the thread waits until the command has returned.
     const ThreadHold hold;
-    send(ControlCommand::StartMonitoring);
+    send(ZARNEK_CMD_START_MONITORING);
     if (morlan_running_threads() == 0)
         throw Failure(ExitStatus::PluginFailed, "the plug-in started no event thread", m_log.lastLines());
 }
 
 void EngineHost::stopMonitoring()
 {
-    send(ControlCommand::StopMonitoring);
+    send(ZARNEK_CMD_STOP_MONITORING);
 }
 
 void EngineHost::terminate()
 {
-    send(ControlCommand::Terminate);
+    send(ZARNEK_CMD_TERMINATE);
 }
 
 System EngineHost::system() const
@@ -200,8 +205,8 @@ void EngineHost::requireComplete(const System& system) const
     const std::size_t arrived = system.count(ObjectKind::Controller);
     if (arrived < m_controllersFound)
         throw Failure(ExitStatus::PluginFailed,
-                      "only " + std::to_string(arrived) + " of " + counted(m_controllersFound, "controller") +
-                          " arrived in the data engine",
+                      "only " + std::to_string(arrived) + " of " +
+                          devkit::counted(m_controllersFound, "controller") + " arrived in the data engine",
                       m_log.lastLines());
     if (!system.refusedCalls.empty())
         throw Failure(ExitStatus::PluginFailed,

@@ -1,7 +1,7 @@
 // The data engine's side of a run: points the support library at the configuration, opens plug-in and
 // vendor library, gathers what all of them say, and sends the control commands.
-#ifndef ZARNEKCTL_ENGINE_HOST_H
-#define ZARNEKCTL_ENGINE_HOST_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_ENGINEHOST_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_ENGINEHOST_H
 
 #include "zarnekctl/config/ConfigFolder.h"
 #include "zarnekctl/config/Installation.h"
@@ -54,7 +54,7 @@ class EngineHost
     void chooseSource(const Options& options, const Installation& installation, const ConfigFolder& config,
                       const std::string& defaultScenario);
     void traceCalls();
-    void send(ControlCommand command, void* input = nullptr, void** output = nullptr);
+    void send(unsigned int command, void* input = nullptr, void** output = nullptr);
 
     // Takes the libraries' sinks away again, also from a host whose construction failed.
     struct SinkRelease {

@@ -1,6 +1,5 @@
 #include "zarnekctl/host/Object.h"
 
-#include "common/Utf8.h"
 #include <sdo.h>
 
 namespace zarnekctl
@@ -12,19 +11,6 @@ namespace
 std::string numberText(std::optional<std::uint64_t> number)
 {
     return number ? std::to_string(*number) : "?";
-}
-
-std::string valueText(const Property* property)
-{
-    if (property == nullptr)
-        return "absent";
-    if (const auto* number = std::get_if<std::uint64_t>(&property->value))
-        return std::to_string(*number);
-    if (const auto* number = std::get_if<std::int64_t>(&property->value))
-        return std::to_string(*number);
-    if (const auto* text = std::get_if<std::string>(&property->value))
-        return escaped(*text);
-    return "?";
 }
 
 } // namespace
@@ -118,18 +104,6 @@ std::uint64_t Object::objectType() const
 ObjectKind Object::kind() const
 {
     return kindOfType(objectType());
-}
-
-std::string Object::identity() const
-{
-    const Property* nexus = find(SSPROP_NEXUS_U32);
-    const auto* ids = nexus == nullptr ? nullptr : std::get_if<std::vector<std::uint32_t>>(&nexus->value);
-    if (ids == nullptr || !number(SSPROP_OBJTYPE_U32))
-        return {};
-    std::string text = std::to_string(objectType()) + "/" + valueText(find(SSPROP_VILNUMBER_U32));
-    for (const std::uint32_t id : *ids)
-        text += " " + std::to_string(id) + "=" + valueText(find(id));
-    return text;
 }
 
 ObjectKind Object::apparentKind() const

@@ -1,7 +1,7 @@
 // Plain values read out of the data engine: an object is a list of properties, copied, so that it outlives
 // the engine's own objects and can be made by hand in a test.
-#ifndef ZARNEKCTL_OBJECT_H
-#define ZARNEKCTL_OBJECT_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_OBJECT_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_OBJECT_H
 
 #include <cstdint>
 #include <memory>
@@ -54,6 +54,9 @@ unsigned int numberProperty(ObjectKind kind);
 
 struct Object {
     std::vector<Property> properties; // in the order of the engine
+    // The data engine's word for which object it is, such as `772/9 24600=0 24810=3`; empty where it has
+    // none.
+    std::string identity;
 
     const Property* find(unsigned int id) const; // null when absent
     // Absent when the property is missing or no unsigned number.
@@ -65,9 +68,6 @@ struct Object {
     ObjectKind kind() const;
     // The kind; that of the number it has for an object without a type.
     ObjectKind apparentKind() const;
-    // What identifies the object in the data engine, such as `772/9 24600=0 24810=3`; empty without a nexus
-    // or an object type.
-    std::string identity() const;
     // "disk 3", and "disk 3 on controller 0", by the apparent kind.
     std::string shortName() const;
     std::string fullName() const;

@@ -10,8 +10,6 @@ namespace zarnekctl
 namespace
 {
 
-constexpr const char* entryName = "libpld_sm_zarnek_entry";
-
 std::string loaderMessage(const std::string& fallback)
 {
     const char* reason = dlerror();
@@ -20,21 +18,22 @@ std::string loaderMessage(const std::string& fallback)
 
 } // namespace
 
-const char* wordOf(ControlCommand command)
+const char* commandWord(unsigned int number)
 {
-    switch (command) {
-    case ControlCommand::Initialise:
+    switch (number) {
+    case ZARNEK_CMD_INITIALIZE:
         return "initialise";
-    case ControlCommand::StartMonitoring:
+    case ZARNEK_CMD_START_MONITORING:
         return "start monitoring";
-    case ControlCommand::Discover:
+    case ZARNEK_CMD_DISCOVER:
         return "discover";
-    case ControlCommand::Terminate:
+    case ZARNEK_CMD_TERMINATE:
         return "terminate";
-    case ControlCommand::StopMonitoring:
+    case ZARNEK_CMD_STOP_MONITORING:
         return "stop monitoring";
+    default:
+        return "unknown";
     }
-    return "unknown";
 }
 
 Plugin::Plugin(const std::filesystem::path& file, Trace& trace) : m_trace(trace)
@@ -44,16 +43,15 @@ Plugin::Plugin(const std::filesystem::path& file, Trace& trace) : m_trace(trace)
     if (library == nullptr)
         throw Failure(ExitStatus::BadInput, "cannot load the plug-in: " + loaderMessage(file.string()) +
                                                 "; name another file with --plugin");
-    m_entry = reinterpret_cast<Entry>(dlsym(library, entryName));
+    m_entry = reinterpret_cast<ZARNEK_Entry_t>(dlsym(library, ZARNEK_ENTRY_NAME));
     if (m_entry == nullptr)
-        throw Failure(ExitStatus::BadInput, file.string() + ": not the plug-in, it exports no " + entryName +
-                                                "; name another file with --plugin");
+        throw Failure(ExitStatus::BadInput, file.string() + ": not the plug-in, it exports no " +
+                                                ZARNEK_ENTRY_NAME + "; name another file with --plugin");
 }
 
-unsigned int Plugin::command(ControlCommand command, void* input, void** output)
+unsigned int Plugin::command(unsigned int number, void* input, void** output)
 {
-    const auto number = static_cast<unsigned int>(command);
-    const std::string name = std::to_string(number) + " (" + wordOf(command) + ")";
+    const std::string name = std::to_string(number) + " (" + commandWord(number) + ")";
     m_trace.line("cmd", name);
     const unsigned int status = m_entry(number, input, output);
     m_trace.line("cmd", name + " = " + std::to_string(status));

@@ -11,7 +11,7 @@ namespace
 {
 
 // A held thread is woken by the signal of the stop; should none ever come, it goes on after this.
-constexpr std::chrono::seconds longestHold{2};
+constexpr std::chrono::seconds LONGEST_HOLD{2};
 
 // Sleeps until the time has passed or a signal has come; the time left.
 PollClock::Duration sleepOnce(PollClock::Duration duration)
@@ -67,7 +67,7 @@ unsigned int PollClock::pause(unsigned int seconds)
     lock.lock();
     if (m_isHeld && left == Duration::zero()) {
         lock.unlock();
-        sleepOnce(longestHold);
+        sleepOnce(LONGEST_HOLD);
         lock.lock();
     }
     m_isPausing = false;

@@ -1,7 +1,7 @@
 // The pause between two polls. The program exports its own `sleep`, which the plug-in's event thread runs
 // into; here it is shortened, counted, and held still while monitoring is being stopped.
-#ifndef ZARNEKCTL_POLL_CLOCK_H
-#define ZARNEKCTL_POLL_CLOCK_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_POLLCLOCK_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_POLLCLOCK_H
 
 #include <chrono>
 #include <condition_variable>

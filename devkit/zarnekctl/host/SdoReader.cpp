@@ -1,6 +1,7 @@
 #include "zarnekctl/host/SdoReader.h"
 
 #include "morlan/morlan_inspect.h"
+#include "ral/ral_inspect.h"
 #include <sdo.h>
 
 #include <algorithm>
@@ -85,6 +86,8 @@ Object readObject(const void* handle)
          ++index)
         if (value != nullptr)
             object.properties.push_back({id, type, readValue(type, value, size)});
+    object.identity.resize(ral_object_identity(handle, nullptr, 0));
+    ral_object_identity(handle, object.identity.data(), object.identity.size() + 1);
     return object;
 }
 

@@ -1,6 +1,6 @@
 // Copies SDO objects into plain values.
-#ifndef ZARNEKCTL_SDO_READER_H
-#define ZARNEKCTL_SDO_READER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_SDOREADER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_SDOREADER_H
 
 #include "zarnekctl/host/Object.h"
 

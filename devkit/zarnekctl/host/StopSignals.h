@@ -1,7 +1,7 @@
 // SIGINT, SIGTERM and SIGHUP as something to wait for, so that a stop comes at a moment of the host's
 // choosing.
-#ifndef ZARNEKCTL_STOP_SIGNALS_H
-#define ZARNEKCTL_STOP_SIGNALS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_STOPSIGNALS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_STOPSIGNALS_H
 
 #include <csignal>
 

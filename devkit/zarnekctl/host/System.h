@@ -1,6 +1,6 @@
 // All that the data engine holds at one moment, as plain values: what the printers walk.
-#ifndef ZARNEKCTL_SYSTEM_H
-#define ZARNEKCTL_SYSTEM_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_SYSTEM_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_SYSTEM_H
 
 #include "zarnekctl/host/Object.h"
 

@@ -20,7 +20,7 @@ void Trace::line(std::string_view kind, std::string_view text)
         shown.replace(at, m_configFolder.size(), "CONFIG");
     // Only ASCII: a trace is compared byte for byte, whatever names disks have.
     const std::lock_guard<std::mutex> lock(m_mutex);
-    *m_out << padded(kind, 3) << ' ' << escaped(shown, true) << '\n' << std::flush;
+    *m_out << devkit::padded(kind, 3) << ' ' << devkit::escaped(shown, true) << '\n' << std::flush;
 }
 
 } // namespace zarnekctl

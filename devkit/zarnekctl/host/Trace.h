@@ -6,8 +6,8 @@
 //   mv   calls of the vendor library
 //   ntf  properties of a notification
 //   sys  calls of the C library that the host stands in for
-#ifndef ZARNEKCTL_TRACE_H
-#define ZARNEKCTL_TRACE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_TRACE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_TRACE_H
 
 #include <mutex>
 #include <ostream>

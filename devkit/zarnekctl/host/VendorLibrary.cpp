@@ -1,6 +1,7 @@
 #include "zarnekctl/host/VendorLibrary.h"
 
 #include "zarnekctl/config/Failure.h"
+#include <zarnek_ini.h>
 
 #include <array>
 #include <dlfcn.h>
@@ -23,7 +24,7 @@ bool resolve(void* library, const char* symbol, Function& function)
 
 VendorLibrary::VendorLibrary(const std::string& name, const std::filesystem::path& folder) : m_name(name)
 {
-    const std::string file = name + ".so";
+    const std::string file = name + INI_LIBRARY_SUFFIX;
     std::error_code error;
     const std::filesystem::path beside = folder / file;
     const std::string path = std::filesystem::exists(beside, error) ? beside.string() : file;
@@ -42,6 +43,11 @@ VendorLibrary::VendorLibrary(const std::string& name, const std::filesystem::pat
                           resolve(library, "mvsim_last_poll", m_lastPoll);
     if (!complete)
         m_loadScenario = nullptr;
+}
+
+LibraryProbe VendorLibrary::probeIn(const std::filesystem::path& folder)
+{
+    return [folder](const std::string& name) { return VendorLibrary(name, folder).shortcoming(); };
 }
 
 std::string VendorLibrary::shortcoming() const

@@ -1,9 +1,10 @@
 // The vendor library of a run, opened ahead of the plug-in so that, where it is the simulator, it can be told
 // what to play.
-#ifndef ZARNEKCTL_VENDOR_LIBRARY_H
-#define ZARNEKCTL_VENDOR_LIBRARY_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_VENDORLIBRARY_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_VENDORLIBRARY_H
 
 #include "mvsim/api/mvsim_control.h"
+#include "zarnekctl/config/PrivateIniCheck.h"
 
 #include <filesystem>
 #include <string>
@@ -17,6 +18,9 @@ class VendorLibrary
     // Opens `name` + ".so" in the folder, or, where it is not there, wherever the loader finds it; it stays
     // open until the process ends. Throws Failure (BadInput).
     VendorLibrary(const std::string& name, const std::filesystem::path& folder);
+
+    // Opens any library in that way and gives its shortcoming.
+    static LibraryProbe probeIn(const std::filesystem::path& folder);
 
     const std::string& name() const { return m_name; }
     bool isSimulator() const { return m_loadScenario != nullptr; }

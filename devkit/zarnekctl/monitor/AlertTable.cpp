@@ -6,7 +6,7 @@ namespace zarnekctl
 namespace
 {
 
-constexpr AlertRow rows[] = {
+constexpr AlertRow ROWS[] = {
     {2048, Health::Warning, "controller reports trouble"},
     {2049, Health::Warning, "disk removed"},
     {2050, Health::Critical, "disk failed"},
@@ -34,7 +34,7 @@ constexpr AlertRow rows[] = {
 
 const AlertRow* alertRow(std::uint32_t number)
 {
-    for (const AlertRow& row : rows)
+    for (const AlertRow& row : ROWS)
         if (row.number == number)
             return &row;
     return nullptr;

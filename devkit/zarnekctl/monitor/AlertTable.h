@@ -1,8 +1,8 @@
 // What alert numbers mean, as the shipped alert mapping file gives them to events.
-#ifndef ZARNEKCTL_ALERT_TABLE_H
-#define ZARNEKCTL_ALERT_TABLE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_ALERTTABLE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_ALERTTABLE_H
 
-#include "zarnekctl/print/CodeWords.h"
+#include "zarnekctl/print/Health.h"
 
 #include <cstdint>
 

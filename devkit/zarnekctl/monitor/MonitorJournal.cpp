@@ -2,6 +2,7 @@
 
 #include <mv.h>
 #include <sdo.h>
+#include <zarnek_ini.h>
 
 #include <algorithm>
 
@@ -18,15 +19,15 @@ struct EventClass {
     const char* section; // of the mapping file
 };
 
-constexpr EventClass eventClasses[] = {
-    {MV_EVENT_CONTROLLER, ObjectKind::Controller, "Adapter"},
-    {MV_EVENT_VIRTUAL_DISK, ObjectKind::VirtualDisk, "VirtualDevice"},
-    {MV_EVENT_PHYSICAL_DISK, ObjectKind::PhysicalDisk, "PhysicalDevice"},
+constexpr EventClass EVENT_CLASSES[] = {
+    {MV_EVENT_CONTROLLER, ObjectKind::Controller, INI_ADAPTER_SECTION},
+    {MV_EVENT_VIRTUAL_DISK, ObjectKind::VirtualDisk, INI_VIRTUAL_DISK_SECTION},
+    {MV_EVENT_PHYSICAL_DISK, ObjectKind::PhysicalDisk, INI_PHYSICAL_DISK_SECTION},
 };
 
 const EventClass* classOf(ObjectKind kind)
 {
-    for (const EventClass& row : eventClasses)
+    for (const EventClass& row : EVENT_CLASSES)
         if (row.kind == kind)
             return &row;
     return nullptr;
@@ -121,7 +122,7 @@ void MonitorJournal::change(const Object* before, const Object* after)
     if (known == nullptr)
         return;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const std::string identity = known->identity();
+    const std::string identity = known->identity;
     auto touched = std::find_if(m_touched.begin(), m_touched.end(),
                                 [&](const Touched& other) { return other.identity == identity; });
     // A virtual disk is inserted twice, first without what its disks tell about it: only the state ahead of

@@ -1,7 +1,7 @@
 // Makes the story of a monitoring run out of what the libraries report one by one: joins alerts with the
 // vendor's events, and the several insertions of one object with each other.
-#ifndef ZARNEKCTL_MONITOR_JOURNAL_H
-#define ZARNEKCTL_MONITOR_JOURNAL_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MONITORJOURNAL_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MONITORJOURNAL_H
 
 #include "mvsim/api/mvsim_control.h"
 #include "zarnekctl/config/MappingFile.h"

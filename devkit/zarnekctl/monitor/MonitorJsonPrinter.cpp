@@ -1,9 +1,9 @@
 #include "zarnekctl/monitor/MonitorJsonPrinter.h"
 
 #include "common/Utf8.h"
-#include "zarnekctl/config/MappingFile.h"
 #include "zarnekctl/monitor/AlertTable.h"
 #include "zarnekctl/print/PropertyTable.h"
+#include <zarnek_ini.h>
 
 #include <cstdio>
 #include <ctime>
@@ -18,7 +18,7 @@ Json record(const char* kind)
 {
     Json json;
     json["record"] = kind;
-    json["format_version"] = jsonFormatVersion;
+    json["format_version"] = JSON_FORMAT_VERSION;
     return json;
 }
 
@@ -88,7 +88,7 @@ void MonitorJsonPrinter::write(const Json& json)
 void MonitorJsonPrinter::start(const MonitorStart& start)
 {
     Json json = record("start");
-    json["source"] = escaped(start.source);
+    json["source"] = devkit::escaped(start.source);
     json["controllers"] = start.controllers;
     json["physical_disks"] = start.disks;
     json["virtual_disks"] = start.virtualDisks;
@@ -123,7 +123,7 @@ void MonitorJsonPrinter::refresh(const Refresh& refresh)
     json["outcome"] = refreshWord(refresh.kind);
     json["kind"] = jsonKind(object.kind());
     json["name"] = object.fullName();
-    json["identity"] = refresh.kind == RefreshKind::Incomplete ? Json(nullptr) : Json(object.identity());
+    json["identity"] = refresh.kind == RefreshKind::Incomplete ? Json(nullptr) : Json(object.identity);
     if (refresh.kind == RefreshKind::Changed) {
         json["changes"] = Json::object();
         for (const PropertyChange& change : refresh.changes)
@@ -150,7 +150,7 @@ void MonitorJsonPrinter::summary(const MonitorSummary& summary)
     json["refreshed"] = summary.refreshed;
     json["changed"] = summary.changed;
     json["incomplete"] = summary.incomplete;
-    json["sequence"] = summary.sequence == MappingFile::noNumber ? Json(nullptr) : Json(summary.sequence);
+    json["sequence"] = summary.sequence == INI_NO_NUMBER ? Json(nullptr) : Json(summary.sequence);
     write(json);
 }
 

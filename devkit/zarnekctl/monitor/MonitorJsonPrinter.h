@@ -1,6 +1,6 @@
 // A monitoring run as a stream of JSON objects, one a line; docs/json-output.md describes them.
-#ifndef ZARNEKCTL_MONITOR_JSON_PRINTER_H
-#define ZARNEKCTL_MONITOR_JSON_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MONITORJSONPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MONITORJSONPRINTER_H
 
 #include "zarnekctl/monitor/MonitorPrinter.h"
 #include "zarnekctl/print/JsonValues.h"

@@ -1,7 +1,7 @@
 // One output form of a monitoring run. Each record is written whole and flushed, so that a reader at the
 // other end of a pipe sees it at once. Not synchronised: the caller makes one call at a time.
-#ifndef ZARNEKCTL_MONITOR_PRINTER_H
-#define ZARNEKCTL_MONITOR_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MONITORPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MONITORPRINTER_H
 
 #include "zarnekctl/monitor/MonitorRecords.h"
 

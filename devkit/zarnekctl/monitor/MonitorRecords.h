@@ -1,6 +1,6 @@
 // What a monitoring run tells, as plain values.
-#ifndef ZARNEKCTL_MONITOR_RECORDS_H
-#define ZARNEKCTL_MONITOR_RECORDS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MONITORRECORDS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MONITORRECORDS_H
 
 #include "zarnekctl/host/Object.h"
 

@@ -1,10 +1,11 @@
 #include "zarnekctl/monitor/MonitorTextPrinter.h"
 
 #include "common/Utf8.h"
-#include "zarnekctl/config/MappingFile.h"
+#include "common/text.h"
 #include "zarnekctl/monitor/AlertTable.h"
 #include "zarnekctl/print/PropertyTable.h"
 #include <sdo.h>
+#include <zarnek_ini.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -16,9 +17,9 @@ namespace zarnekctl
 namespace
 {
 
-constexpr const char* indent = "          "; // as wide as the time
-constexpr std::size_t meaningWidth = 26;
-constexpr std::size_t objectWidth = 30;
+constexpr const char* INDENT = "          "; // as wide as the time
+constexpr std::size_t MEANING_WIDTH = 26;
+constexpr std::size_t OBJECT_WIDTH = 30;
 
 std::string timeOfDay(WallClock::time_point time)
 {
@@ -81,10 +82,11 @@ Health healthAfter(const Refresh& refresh)
 
 void MonitorTextPrinter::start(const MonitorStart& start)
 {
-    m_out << "monitoring " << counted(start.controllers, "controller") << ", " << counted(start.disks, "disk")
-          << ", " << counted(start.virtualDisks, "virtual disk") << " ("
-          << escaped(start.source, !m_style.utf8) << "); a poll every " << shortNumber(start.interval)
-          << " s, " << (start.polls == 0 ? std::string("until Ctrl-C") : counted(start.polls, "poll"))
+    m_out << "monitoring " << devkit::counted(start.controllers, "controller") << ", "
+          << devkit::counted(start.disks, "disk") << ", "
+          << devkit::counted(start.virtualDisks, "virtual disk") << " ("
+          << devkit::escaped(start.source, !m_style.utf8) << "); a poll every " << shortNumber(start.interval)
+          << " s, " << (start.polls == 0 ? std::string("until Ctrl-C") : devkit::counted(start.polls, "poll"))
           << (start.isStill ? "; the scenario has no timeline, so nothing will happen\n" : "\n")
           << std::flush;
 }
@@ -94,9 +96,9 @@ void MonitorTextPrinter::alert(const Alert& alert)
     const AlertRow* row = alertRow(alert.number);
     const Health severity = row == nullptr ? Health::Unknown : row->severity;
     m_out << timeOfDay(alert.time) << "  " << alert.number << "  "
-          << m_style.coloured(padded(alert.meaning(), meaningWidth), severity) << "  ";
+          << m_style.coloured(devkit::padded(alert.meaning(), MEANING_WIDTH), severity) << "  ";
     if (alert.sequence)
-        m_out << padded(alert.objectName(), objectWidth) << "  sequence " << *alert.sequence;
+        m_out << devkit::padded(alert.objectName(), OBJECT_WIDTH) << "  sequence " << *alert.sequence;
     else
         m_out << alert.objectName();
     m_out << '\n' << std::flush;
@@ -105,7 +107,7 @@ void MonitorTextPrinter::alert(const Alert& alert)
 void MonitorTextPrinter::refresh(const Refresh& refresh)
 {
     const Object& object = refresh.object;
-    m_out << indent << object.fullName() << ": ";
+    m_out << INDENT << object.fullName() << ": ";
     switch (refresh.kind) {
     case RefreshKind::Changed: {
         auto changes = refresh.changes;
@@ -123,7 +125,7 @@ void MonitorTextPrinter::refresh(const Refresh& refresh)
         m_out << "gone from the data engine";
         break;
     case RefreshKind::Incomplete:
-        m_out << "refreshed singly, as " << counted(object.properties.size(), "value")
+        m_out << "refreshed singly, as " << devkit::counted(object.properties.size(), "value")
               << " without identity; its full object waits for a discovery of all "
               << wordOf(object.apparentKind()) << 's';
         break;
@@ -133,15 +135,15 @@ void MonitorTextPrinter::refresh(const Refresh& refresh)
 
 void MonitorTextPrinter::unchanged(std::size_t count)
 {
-    m_out << indent << counted(count, "object") << " discovered again without change\n" << std::flush;
+    m_out << INDENT << devkit::counted(count, "object") << " discovered again without change\n" << std::flush;
 }
 
 void MonitorTextPrinter::summary(const MonitorSummary& summary)
 {
-    m_out << counted(summary.polls, "poll") << ", " << counted(summary.alerts, "alert") << ", "
-          << counted(summary.refreshed, "object") << " discovered again (" << summary.changed << " changed, "
-          << summary.incomplete << " without identity); ";
-    if (summary.sequence == MappingFile::noNumber)
+    m_out << devkit::counted(summary.polls, "poll") << ", " << devkit::counted(summary.alerts, "alert")
+          << ", " << devkit::counted(summary.refreshed, "object") << " discovered again (" << summary.changed
+          << " changed, " << summary.incomplete << " without identity); ";
+    if (summary.sequence == INI_NO_NUMBER)
         m_out << "no sequence number in the mapping file\n";
     else
         m_out << "sequence number now " << summary.sequence << '\n';

@@ -1,6 +1,6 @@
 // A monitoring run for people: a line for each alert, indented below it what was discovered again.
-#ifndef ZARNEKCTL_MONITOR_TEXT_PRINTER_H
-#define ZARNEKCTL_MONITOR_TEXT_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_MONITORTEXTPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_MONITORTEXTPRINTER_H
 
 #include "zarnekctl/monitor/MonitorPrinter.h"
 #include "zarnekctl/print/Terminal.h"

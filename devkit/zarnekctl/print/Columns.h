@@ -1,6 +1,6 @@
 // Lines of cells that stand under each other.
-#ifndef ZARNEKCTL_COLUMNS_H
-#define ZARNEKCTL_COLUMNS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_COLUMNS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_COLUMNS_H
 
 #include "zarnekctl/print/Terminal.h"
 

@@ -9,7 +9,7 @@ namespace
 {
 
 // A graph file is UTF-8 by its format, whatever the terminal is.
-constexpr Style graphStyle{true, false};
+constexpr Style GRAPH_STYLE{true, false};
 
 std::string quoted(const std::string& text)
 {
@@ -28,7 +28,7 @@ std::string label(const Object& object)
     const auto line = [&](std::initializer_list<unsigned int> properties) {
         std::string words;
         for (const unsigned int property : properties) {
-            const std::string value = cell(object, property, graphStyle);
+            const std::string value = cell(object, property, GRAPH_STYLE);
             if (value != "-")
                 words += (words.empty() ? "" : " ") + quoted(value);
         }

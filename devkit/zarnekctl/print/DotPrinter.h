@@ -1,6 +1,6 @@
 // Discovery as a graph for Graphviz: solid edges to children, dashed ones for links.
-#ifndef ZARNEKCTL_DOT_PRINTER_H
-#define ZARNEKCTL_DOT_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_DOTPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_DOTPRINTER_H
 
 #include "zarnekctl/print/Printer.h"
 

@@ -11,11 +11,11 @@ namespace
 
 Json nodeJson(const System& system, const Node& node)
 {
-    const auto identityOf = [&system](std::size_t index) { return system.nodes.at(index).object.identity(); };
+    const auto identityOf = [&system](std::size_t index) { return system.nodes.at(index).object.identity; };
     Json json;
     json["kind"] = jsonKind(node.object.kind());
     json["name"] = node.object.fullName();
-    json["identity"] = node.incomplete ? Json(nullptr) : Json(node.object.identity());
+    json["identity"] = node.incomplete ? Json(nullptr) : Json(node.object.identity);
     json["parent"] =
         node.parent < 0 ? Json(nullptr) : Json(identityOf(static_cast<std::size_t>(node.parent)));
     json["links"] = Json::array();
@@ -33,8 +33,8 @@ void JsonPrinter::print(const System& system, std::ostream& out) const
 {
     Json json;
     json["format"] = "zarnekctl-discovery";
-    json["format_version"] = jsonFormatVersion;
-    json["source"] = escaped(system.source);
+    json["format_version"] = JSON_FORMAT_VERSION;
+    json["source"] = devkit::escaped(system.source);
     json["controllers_found"] = system.controllersFound;
     json["objects"] = Json::array();
     for (const Node& node : system.nodes)

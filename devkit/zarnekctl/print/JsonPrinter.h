@@ -1,6 +1,6 @@
 // Discovery as one JSON document of a stable shape; docs/json-output.md describes it.
-#ifndef ZARNEKCTL_JSON_PRINTER_H
-#define ZARNEKCTL_JSON_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_JSONPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_JSONPRINTER_H
 
 #include "zarnekctl/print/Printer.h"
 

@@ -1,6 +1,7 @@
 #include "zarnekctl/print/JsonValues.h"
 
 #include "common/Utf8.h"
+#include "common/text.h"
 #include "zarnekctl/print/PropertyTable.h"
 
 namespace zarnekctl
@@ -10,7 +11,7 @@ namespace
 {
 
 // Beyond this, readers that keep numbers as doubles lose digits.
-constexpr std::uint64_t exactLimit = 1ULL << 53;
+constexpr std::uint64_t EXACT_LIMIT = 1ULL << 53;
 
 struct ValueWriter {
     Json& out;
@@ -18,21 +19,21 @@ struct ValueWriter {
     void operator()(std::uint64_t number) const
     {
         out["value"] = number;
-        if (number > exactLimit)
+        if (number > EXACT_LIMIT)
             out["text"] = std::to_string(number);
     }
     void operator()(std::int64_t number) const { out["value"] = number; }
     void operator()(const std::string& text) const
     {
-        out["value"] = escaped(text);
-        if (!isUtf8(text))
-            out["bytes"] = hex(text);
+        out["value"] = devkit::escaped(text);
+        if (!devkit::isUtf8(text))
+            out["bytes"] = devkit::hex(text);
     }
     void operator()(const std::vector<std::uint32_t>& ids) const { out["value"] = ids; }
     void operator()(const Bytes& bytes) const
     {
         out["value"] = nullptr;
-        out["bytes"] = hex(bytes.data);
+        out["bytes"] = devkit::hex(bytes.data);
     }
     void operator()(const Nested& nested) const { out["value"] = propertiesJson(*nested.object); }
 };

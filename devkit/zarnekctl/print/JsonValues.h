@@ -1,6 +1,6 @@
 // How objects and properties look in JSON, in the discovery document and in the monitoring stream alike.
-#ifndef ZARNEKCTL_JSON_VALUES_H
-#define ZARNEKCTL_JSON_VALUES_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_JSONVALUES_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_JSONVALUES_H
 
 #include "zarnekctl/host/Object.h"
 
@@ -12,7 +12,7 @@ namespace zarnekctl
 using Json = nlohmann::ordered_json;
 
 // Counts up whenever a reader of the older form would go wrong.
-constexpr unsigned int jsonFormatVersion = 1;
+constexpr unsigned int JSON_FORMAT_VERSION = 1;
 
 // "controller", "physical_disk", "virtual_disk", "other": stable, unlike the words for people.
 const char* jsonKind(ObjectKind kind);

@@ -1,6 +1,6 @@
 // One output form of what discovery found.
-#ifndef ZARNEKCTL_PRINTER_H
-#define ZARNEKCTL_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_PRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_PRINTER_H
 
 #include "zarnekctl/host/System.h"
 #include "zarnekctl/print/Terminal.h"

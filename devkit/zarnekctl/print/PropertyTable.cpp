@@ -1,11 +1,13 @@
 #include "zarnekctl/print/PropertyTable.h"
 
 #include "common/Utf8.h"
+#include "common/text.h"
 #include "zarnekctl/print/CodeWords.h"
 #include "zarnekctl/print/Units.h"
 #include <sdo.h>
 
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 
 namespace zarnekctl
@@ -14,7 +16,7 @@ namespace zarnekctl
 namespace
 {
 
-constexpr PropertyRow rows[] = {
+constexpr PropertyRow ROWS[] = {
     {SSPROP_OBJTYPE_U32, "object_type", "object type", Form::Code},
     {SSPROP_ATTRIBUTEMASK_U32, "attribute_mask", "attribute mask", Form::Mask},
     {SSPROP_MASTERMETHODMASK_U32, "master_method_mask", "master method mask", Form::Mask},
@@ -81,32 +83,27 @@ constexpr PropertyRow rows[] = {
 
 constexpr bool idsAscend()
 {
-    for (std::size_t index = 1; index < std::size(rows); ++index)
-        if (rows[index - 1].id >= rows[index].id)
+    for (std::size_t index = 1; index < std::size(ROWS); ++index)
+        if (ROWS[index - 1].id >= ROWS[index].id)
             return false;
     return true;
 }
 static_assert(idsAscend(), "the table is searched by halves");
 
 // What a 32-bit number says that nobody has set.
-constexpr std::uint64_t notKnown = 0xFFFFFFFFU;
+constexpr std::uint64_t NOT_KNOWN = 0xFFFFFFFFU;
 
 std::string maskText(std::uint64_t mask)
 {
-    static constexpr char digits[] = "0123456789abcdef";
-    std::string text;
-    do {
-        text.insert(text.begin(), digits[mask & 0x0f]);
-        mask >>= 4;
-    } while (mask != 0);
-    return "0x" + text;
+    char text[2 + 2 * sizeof mask] = "0x";
+    return {text, std::to_chars(text + 2, std::end(text), mask, 16).ptr};
 }
 
 std::string numberText(std::uint64_t number, const Property& property, Form form, ObjectKind kind)
 {
     if (form == Form::Mask)
         return maskText(number);
-    if (number == notKnown && property.type == SDO_TYPE_U32)
+    if (number == NOT_KNOWN && property.type == SDO_TYPE_U32)
         return "not known";
     switch (form) {
     case Form::Code: {
@@ -150,16 +147,16 @@ std::string nestedText(const Object& object, bool asciiOnly)
 
 const PropertyRow* propertyRows(std::size_t& count)
 {
-    count = std::size(rows);
-    return rows;
+    count = std::size(ROWS);
+    return ROWS;
 }
 
 const PropertyRow* propertyRow(unsigned int id)
 {
     const auto* row =
-        std::lower_bound(std::begin(rows), std::end(rows), id,
+        std::lower_bound(std::begin(ROWS), std::end(ROWS), id,
                          [](const PropertyRow& left, unsigned int right) { return left.id < right; });
-    return row != std::end(rows) && row->id == id ? row : nullptr;
+    return row != std::end(ROWS) && row->id == id ? row : nullptr;
 }
 
 std::string propertyName(unsigned int id)
@@ -183,11 +180,11 @@ std::string describe(const Property& property, ObjectKind kind, bool asciiOnly)
     if (const auto* number = std::get_if<std::int64_t>(&property.value))
         return std::to_string(*number);
     if (const auto* text = std::get_if<std::string>(&property.value))
-        return escaped(*text, asciiOnly);
+        return devkit::escaped(*text, asciiOnly);
     if (const auto* ids = std::get_if<std::vector<std::uint32_t>>(&property.value))
         return nexusText(*ids);
     if (const auto* bytes = std::get_if<Bytes>(&property.value))
-        return hex(bytes->data);
+        return devkit::hex(bytes->data);
     return nestedText(*std::get<Nested>(property.value).object, asciiOnly);
 }
 

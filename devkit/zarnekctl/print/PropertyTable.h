@@ -1,6 +1,6 @@
 // The one table of the properties that objects and alerts carry: id, name, label and how to say the value.
-#ifndef ZARNEKCTL_PROPERTY_TABLE_H
-#define ZARNEKCTL_PROPERTY_TABLE_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_PROPERTYTABLE_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_PROPERTYTABLE_H
 
 #include "zarnekctl/host/Object.h"
 

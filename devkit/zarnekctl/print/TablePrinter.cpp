@@ -17,7 +17,7 @@ struct Column {
     bool alignRight;
 };
 
-constexpr Column layout[] = {
+constexpr Column COLUMNS[] = {
     {"SIZE", SSPROP_NONE, SSPROP_SIZE_U64, SSPROP_SIZE_U64, true},
     {"STATE", SSPROP_STATE_U32, SSPROP_STATE_U32, SSPROP_STATE_U32, false},
     {"STATUS", SSPROP_STATUS_U32, SSPROP_STATUS_U32, SSPROP_STATUS_U32, false},
@@ -50,7 +50,7 @@ unsigned int propertyFor(const Column& column, ObjectKind kind)
 void TablePrinter::addRow(const std::string& graph, const Object& object, Columns& columns) const
 {
     std::vector<Columns::Cell> cells{{graph + object.shortName()}};
-    for (const Column& column : layout) {
+    for (const Column& column : COLUMNS) {
         const unsigned int property = propertyFor(column, object.kind());
         const std::string text = property == SSPROP_NONE ? "" : cell(object, property, m_style);
         if (property == SSPROP_STATE_U32 || property == SSPROP_STATUS_U32)
@@ -65,7 +65,7 @@ void TablePrinter::print(const System& system, std::ostream& out) const
 {
     Columns columns;
     std::vector<Columns::Cell> head{{"NAME"}};
-    for (const Column& column : layout)
+    for (const Column& column : COLUMNS)
         head.emplace_back(column.title, column.alignRight);
     columns.add("", std::move(head));
 

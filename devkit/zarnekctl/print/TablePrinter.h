@@ -1,7 +1,7 @@
 // Discovery as one table, a line for each object, in the manner of the block device lists that
 // administrators know.
-#ifndef ZARNEKCTL_TABLE_PRINTER_H
-#define ZARNEKCTL_TABLE_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_TABLEPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_TABLEPRINTER_H
 
 #include "zarnekctl/print/Columns.h"
 #include "zarnekctl/print/Printer.h"

@@ -1,8 +1,8 @@
 // What the receiver of the output can show.
-#ifndef ZARNEKCTL_TERMINAL_H
-#define ZARNEKCTL_TERMINAL_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_TERMINAL_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_TERMINAL_H
 
-#include "zarnekctl/print/CodeWords.h"
+#include "zarnekctl/print/Health.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "zarnekctl/print/TreePrinter.h"
 
-#include "common/Utf8.h"
+#include "common/text.h"
 #include "zarnekctl/print/Columns.h"
 #include "zarnekctl/print/PropertyTable.h"
 #include <sdo.h>
@@ -89,35 +89,39 @@ bool isWorthAWord(const Object& controller, unsigned int property)
            !(isVersion && controller.text(property).find_first_not_of("0.") == std::string::npos);
 }
 
+// Those that begin the line of any disk.
+std::vector<Columns::Cell> conditionCells(const Object& disk, const Style& style)
+{
+    const Health health = healthOf(disk);
+    return {{disk.shortName()},
+            {cell(disk, SSPROP_STATE_U32, style), health},
+            {cell(disk, SSPROP_STATUS_U32, style), health},
+            {cell(disk, SSPROP_SIZE_U64, style), true}};
+}
+
 std::vector<Columns::Cell> diskCells(const Object& disk, const Style& style)
 {
     const auto text = [&](unsigned int property) { return cell(disk, property, style); };
-    const Health health = healthOf(disk);
-    return {{disk.shortName()},
-            {text(SSPROP_STATE_U32), health},
-            {text(SSPROP_STATUS_U32), health},
-            {text(SSPROP_SIZE_U64), true},
-            {text(SSPROP_MEDIA_U32)},
-            {text(SSPROP_BUSPROTOCOL_U32)},
-            {text(SSPROP_NEGOTIATEDSPEED_U32), true},
-            {text(SSPROP_MODEL_ASTRING)},
-            {text(SSPROP_SERIALNUM_ASTRING)}};
+    auto cells = conditionCells(disk, style);
+    cells.insert(cells.end(), {{text(SSPROP_MEDIA_U32)},
+                               {text(SSPROP_BUSPROTOCOL_U32)},
+                               {text(SSPROP_NEGOTIATEDSPEED_U32), true},
+                               {text(SSPROP_MODEL_ASTRING)},
+                               {text(SSPROP_SERIALNUM_ASTRING)}});
+    return cells;
 }
 
 std::vector<Columns::Cell> virtualDiskCells(const System& system, const Node& node, const Style& style)
 {
     const Object& disk = node.object;
     const auto text = [&](unsigned int property) { return cell(disk, property, style); };
-    const Health health = healthOf(disk);
-    return {{disk.shortName()},
-            {text(SSPROP_STATE_U32), health},
-            {text(SSPROP_STATUS_U32), health},
-            {text(SSPROP_SIZE_U64), true},
-            {text(SSPROP_RAIDMODE_U32)},
-            {text(SSPROP_NAME_ASTRING)},
-            {text(SSPROP_WRITEPOLICY_U32)},
-            {stripeCell(disk, style)},
-            {linkText(system, node)}};
+    auto cells = conditionCells(disk, style);
+    cells.insert(cells.end(), {{text(SSPROP_RAIDMODE_U32)},
+                               {text(SSPROP_NAME_ASTRING)},
+                               {text(SSPROP_WRITEPOLICY_U32)},
+                               {stripeCell(disk, style)},
+                               {linkText(system, node)}});
+    return cells;
 }
 
 // Whether something came, nothing was refused, and each object arrived with all that names it.
@@ -168,7 +172,7 @@ void TreePrinter::printGroup(const System& system, const std::vector<std::size_t
     if (members.empty())
         return;
     const Glyphs glyphs = glyphsFor(m_style);
-    out << (last ? glyphs.corner : glyphs.fork) << counted(members.size(), title) << '\n';
+    out << (last ? glyphs.corner : glyphs.fork) << devkit::counted(members.size(), title) << '\n';
     Columns columns;
     for (const std::size_t member : members) {
         const Node& node = system.nodes[member];
@@ -194,7 +198,8 @@ void TreePrinter::printLoose(const System& system, std::ostream& out) const
         titled = true;
         out << "   " << node.object.fullName();
         if (node.incomplete)
-            out << ": arrived without an identity, with " << counted(node.object.properties.size(), "value");
+            out << ": arrived without an identity, with "
+                << devkit::counted(node.object.properties.size(), "value");
         out << '\n';
     }
 }
@@ -203,9 +208,9 @@ void TreePrinter::printCensus(const System& system, std::ostream& out) const
 {
     if (!system.nodes.empty())
         out << '\n';
-    out << counted(system.count(ObjectKind::Controller), "controller") << ", "
-        << counted(system.count(ObjectKind::PhysicalDisk), "disk") << ", "
-        << counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
+    out << devkit::counted(system.count(ObjectKind::Controller), "controller") << ", "
+        << devkit::counted(system.count(ObjectKind::PhysicalDisk), "disk") << ", "
+        << devkit::counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
     Columns columns;
     bool any = false;
     std::size_t unknown = 0;

@@ -1,7 +1,7 @@
 // Discovery as a tree for people: controllers, below each its disks and its virtual disks with their links,
 // at the end a census and what needs attention.
-#ifndef ZARNEKCTL_TREE_PRINTER_H
-#define ZARNEKCTL_TREE_PRINTER_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_TREEPRINTER_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_TREEPRINTER_H
 
 #include "zarnekctl/print/Printer.h"
 

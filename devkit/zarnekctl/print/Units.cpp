@@ -1,10 +1,16 @@
 #include "zarnekctl/print/Units.h"
 
+#include <sdo.h>
+
 namespace zarnekctl
 {
 
 namespace
 {
+
+constexpr std::uint64_t BLOCK = 512; // bytes
+constexpr std::uint64_t BINARY_STEP = 1024;
+constexpr std::uint64_t GIGABIT = 1024; // a second, as a link speed
 
 // `value` / `divisor` rounded to the nearest, without overflow near the top of the range.
 std::uint64_t rounded(std::uint64_t value, std::uint64_t divisor)
@@ -29,11 +35,11 @@ std::string decimalText(std::uint64_t scaled, int decimals)
 
 std::string sizeText(std::uint64_t bytes)
 {
-    static constexpr const char* units[] = {"kB", "MB", "GB", "TB", "PB", "EB"};
+    static constexpr const char* UNITS[] = {"kB", "MB", "GB", "TB", "PB", "EB"};
     if (bytes < 1000)
         return std::to_string(bytes) + " B";
     std::uint64_t unit = 1000;
-    for (const char* name : units) {
+    for (const char* name : UNITS) {
         // Two decimals, then one, then none: the first that needs no more than three digits.
         for (int decimals = 2; decimals >= 0; --decimals) {
             const std::uint64_t step = decimals == 2 ? unit / 100 : decimals == 1 ? unit / 10 : unit;
@@ -48,19 +54,19 @@ std::string sizeText(std::uint64_t bytes)
 
 std::string stripeText(std::uint64_t blocks)
 {
-    if (blocks % 2 != 0)
-        return std::to_string(blocks * 512) + " B";
-    const std::uint64_t kilobytes = blocks / 2;
-    if (kilobytes >= 1024 && kilobytes % 1024 == 0)
-        return std::to_string(kilobytes / 1024) + " MiB";
+    if (blocks % (BINARY_STEP / BLOCK) != 0)
+        return std::to_string(blocks * BLOCK) + " B";
+    const std::uint64_t kilobytes = blocks / (BINARY_STEP / BLOCK);
+    if (kilobytes >= BINARY_STEP && kilobytes % BINARY_STEP == 0)
+        return std::to_string(kilobytes / BINARY_STEP) + " MiB";
     return std::to_string(kilobytes) + " KiB";
 }
 
 std::string speedText(std::uint64_t speed)
 {
-    if (speed == 0)
+    if (speed == SDO_SPEED_NONE)
         return "no speed";
-    const std::uint64_t tenths = rounded(speed * 10, 1024);
+    const std::uint64_t tenths = rounded(speed * 10, GIGABIT);
     return (tenths % 10 == 0 ? std::to_string(tenths / 10) : decimalText(tenths, 1)) + " Gbit/s";
 }
 

@@ -1,6 +1,6 @@
 // Numbers in the units people use.
-#ifndef ZARNEKCTL_UNITS_H
-#define ZARNEKCTL_UNITS_H
+#ifndef ZARNEK_DEVKIT_ZARNEKCTL_UNITS_H
+#define ZARNEK_DEVKIT_ZARNEKCTL_UNITS_H
 
 #include <cstdint>
 #include <string>
