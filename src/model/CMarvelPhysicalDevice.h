@@ -17,7 +17,8 @@ class CMarvelPhysicalDevice : public CPhysicalDevice
     using CPhysicalDevice::operator=;
     CMarvelPhysicalDevice& operator=(const CMarvelPhysicalDevice& other);
 
-    // Decodes the RAID status flags of a disk. *state stays as it is for flags that tell none. Always 0.
+    // Decodes the RAID status flags of a disk. *state stays as it is for a disk that is being checked. Always
+    // 0.
     unsigned int mapPDStateAndStatus(unsigned int flags, unsigned int* state, unsigned int* status);
 };
 

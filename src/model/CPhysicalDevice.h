@@ -185,7 +185,8 @@ class CPhysicalDevice
     std::string m_pdProductName;
     unsigned int m_pdCapableSpeed = stg::NUMBER_UNKNOWN; // 1024 for each Gbit/s, as the next
     unsigned int m_pdNegotiatedSpeed = stg::NUMBER_UNKNOWN;
-    unsigned int m_pdWriteCacheSupport = stg::NUMBER_UNKNOWN; // no property carries it
+    unsigned int m_pdWriteCacheSupport =
+        stg::NUMBER_UNKNOWN; // travels under the id 0, which names no property
     unsigned int m_pdDiskGroupNum = stg::NUMBER_UNKNOWN;
 
     static stg::AttribTypeMap m_PdAttribNameTypeMap;

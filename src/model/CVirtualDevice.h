@@ -93,9 +93,9 @@ class CVirtualDevice
     void copyAttributes(const CVirtualDevice& other);
 
     // Finds virtual disks of a controller in the data engine by their logical drive number; NUMBER_UNKNOWN
-    // asks for all. Results as of CPhysicalDevice::getPdObject, but any status of the data engine's listing
-    // is a failure and is returned, and an object whose layer cannot be read makes the result 1 until a later
-    // one is taken.
+    // asks for all. Results as of CPhysicalDevice::getPdObject, but any status but 0 of the data engine's
+    // listing is a failure and is returned, and an object whose layer cannot be read makes the result 1 until
+    // a later one is taken.
     unsigned int getVdObject(unsigned int globalCntrlNum, void** outObjects, unsigned int logicalDriveNum);
 
     // The attributes set on this object, and the class's table of all attributes.
@@ -139,7 +139,8 @@ class CVirtualDevice
     unsigned int m_VdState = stg::NUMBER_UNKNOWN;
     unsigned int m_VdStripeBlockSize = stg::NUMBER_UNKNOWN;
     unsigned int m_VdSectorSize = stg::NUMBER_UNKNOWN;
-    unsigned int m_VdPdCount = stg::NUMBER_UNKNOWN; // no property carries it, as some below
+    unsigned int m_VdPdCount =
+        stg::NUMBER_UNKNOWN; // travels under the id 0, which names no property, as some below
     unsigned int m_VdRaidDiskSpace = stg::NUMBER_UNKNOWN;
     unsigned int m_VdDiskCachePolicy = stg::NUMBER_UNKNOWN;
     unsigned int m_VdWritePolicy = stg::NUMBER_UNKNOWN;
@@ -156,7 +157,7 @@ class CVirtualDevice
     unsigned long long m_VdSize = stg::NUMBER_UNKNOWN; // bytes
     bool m_VdAutoRebuildOn = false;
     std::string m_VdProductName;
-    std::list<unsigned int> m_PdInVdList; // never leaves the object
+    std::list<unsigned int> m_PdInVdList; // never reaches the data engine
     std::vector<unsigned int> m_VdNexus;  // property ids that name this object
     stg::AttribValMap m_VdAttribValMap;
 

@@ -7,7 +7,7 @@
 namespace stg
 {
 
-// How an attribute travels: its type tag and the property that carries it; 0 for none.
+// How an attribute travels: its type tag and the id of its property; 0 names no property.
 struct SAttribTypeProp_t {
     std::string m_AttribType;
     unsigned int m_PropertyID;

@@ -2,8 +2,12 @@
 #include "events/CMarvelAlert.h"
 #include "mvlayer/Binders.h"
 #include "sdo/SDOProxy.h"
+#include "support/Status.h"
 
 #include <morlan.h>
+#include <sdo.h>
+
+#include <cstring>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -12,90 +16,91 @@ using testing::Key;
 namespace
 {
 
-constexpr unsigned int NONE = 0xFFFFFFFF;
+constexpr unsigned int NONE = stg::NUMBER_UNKNOWN;
 
 using AlertTest = PluginTest;
 
 TEST_F(AlertTest, TakesWhatTheRecordsTell)
 {
-    for (const auto& [eventClass, objType] :
-         std::map<unsigned char, unsigned int>{{0, 769}, {1, 773}, {2, 772}, {5, NONE}}) {
-        // Class, code, device and sequence where the vendor library puts them, noise between.
-        unsigned char bytes[64] = {eventClass, 0, 0xFE, 0xCA, 1, 1, 1, 1, 0xFE, 0xFF, 1, 1, 4, 3, 2, 0xF1, 1};
-        stg::QLVEventBinder_t binder(reinterpret_cast<_Event*>(bytes), nullptr);
+    struct Case {
+        std::uint16_t eventClass;
+        unsigned int objectType;
+    };
+    for (const Case& c : {Case{MV_EVENT_CONTROLLER, SDO_OBJTYPE_CONTROLLER},
+                          Case{MV_EVENT_VIRTUAL_DISK, SDO_OBJTYPE_VIRTUAL_DISK},
+                          Case{MV_EVENT_PHYSICAL_DISK, SDO_OBJTYPE_PHYSICAL_DISK}, Case{5, NONE}}) {
+        _Event event;
+        std::memset(&event, 1, sizeof event);
+        event.EventClass = c.eventClass;
+        event.EventCode = 0xCAFE;
+        event.EventDeviceId = 0xFFFE;
+        event.EventSequence = 0xF1020304;
+        stg::QLVEventBinder_t binder(&event, nullptr);
         CMarvelAlert alert;
         clear();
         static_cast<CAlert&>(alert) = static_cast<void*>(&binder);
         CControl_Notify& notify = alert.getControlNotify();
-        EXPECT_EQ(notify.getAttribValueMap()->size(), objType < 800 ? 6U : 5U);
-        EXPECT_EQ(notify.getObjType(), objType);
-        EXPECT_EQ(alert.getAlertNumber(), 51966U);
-        EXPECT_EQ(notify.getDevID(), 65534U);
-        EXPECT_EQ(alert.getEventSeqNum(), 4043440900U);
-        EXPECT_EQ(messages(),
-                  objType < 800 ? Lines{} : Lines{"ZARNEK:CMarvelAlert::operator =() default Event class"});
+        EXPECT_EQ(notify.getAttribValueMap()->size(), c.objectType == NONE ? 5U : 6U);
+        EXPECT_EQ(notify.getObjType(), c.objectType);
+        EXPECT_EQ(alert.getAlertNumber(), 0xCAFEU);
+        EXPECT_EQ(notify.getDevID(), 0xFFFEU);
+        EXPECT_EQ(alert.getEventSeqNum(), 0xF1020304);
+        EXPECT_EQ(messages(), c.objectType == NONE
+                                  ? Lines{"ZARNEK:CMarvelAlert::operator =() default Event class"}
+                                  : Lines{});
     }
     CMarvelAlert fresh;
-    CControl_Notify& notify = fresh.getControlNotify();
     fresh = static_cast<void*>(nullptr);
     EXPECT_THAT(*fresh.getAttribValueMap(), IsEmpty());
-    EXPECT_EQ(fresh.getAlertNumber() & fresh.getNotifyType() & fresh.getEventSeqNum(), NONE);
+    EXPECT_EQ(fresh.getEventSeqNum(), NONE);
     stg::QLVEventBinder_t binder(nullptr, nullptr);
     fresh = &binder;
     EXPECT_THAT(*fresh.getAttribValueMap(), ElementsAre(Key("m_NotifyType")));
-    EXPECT_THAT(*notify.getAttribValueMap(), ElementsAre(Key("m_AttributeMask"), Key("m_CurrentMethodMask"),
-                                                         Key("m_MasterMethodMask"), Key("m_VILNumber")));
-    EXPECT_EQ(notify.getDevID() & notify.getControllerID() & notify.getGlobalControllerNumber(), NONE);
+    EXPECT_THAT(*fresh.getControlNotify().getAttribValueMap(),
+                ElementsAre(Key("m_AttributeMask"), Key("m_CurrentMethodMask"), Key("m_MasterMethodMask"),
+                            Key("m_VILNumber")));
 }
 
-TEST_F(AlertTest, IsCopiedWithItsNotificationAndItsOwnEntries)
+TEST_F(AlertTest, HasTextsOfItsOwnAndKeepsTheFirstNotification)
 {
     constexpr void (CAlert::*SET[])(std::string) = {
         &CAlert::setReplacementStr01, &CAlert::setReplacementStr02, &CAlert::setReplacementStr03,
         &CAlert::setReplacementStr04, &CAlert::setReplacementStr05, &CAlert::setReplacementStr06};
-    constexpr std::string (CAlert::*GET[])()
-        const = {&CAlert::getReplacementStr01, &CAlert::getReplacementStr02, &CAlert::getReplacementStr03,
-                 &CAlert::getReplacementStr04, &CAlert::getReplacementStr05, &CAlert::getReplacementStr06};
-    CMarvelAlert alert, marvelAssigned;
-    alert.setAlertNumber(2050);
-    alert.getControlNotify().setDevID(3);
-    alert.setEventSeqNum(5);
-    for (unsigned int index = 0; index < 6; ++index)
-        (alert.*SET[index])(std::to_string(index));
-    stg::SDOProxy proxy, none;
-    proxy.setChildSDOConfigPtr(SMSDOConfigAlloc());
+    CAlert alert;
+    for (unsigned int index = 0; index < std::size(SET); ++index) {
+        const std::string text = std::to_string(index + 1);
+        (alert.*SET[index])(text);
+        EXPECT_EQ(*static_cast<std::string*>(alert.getAttribValueMap()->at("m_ReplacementStr0" + text)),
+                  text);
+    }
+    stg::SDOProxy proxy;
     alert.updateControlNotify(proxy);
     void* const first = alert.getAttribValueMap()->at("m_ControlNotify");
-    none.setChildSDOConfigPtr(nullptr);
-    alert.updateControlNotify(none);
-    EXPECT_EQ(alert.getAttribValueMap()->at("m_ControlNotify"), first) << "the first clone stays";
-    SMSDOConfigFree(first);
-    SMSDOConfigFree(proxy.getChildSDOConfigPtr());
+    proxy.setChildSDOConfigPtr(nullptr);
+    alert.updateControlNotify(proxy);
+    EXPECT_EQ(alert.getAttribValueMap()->at("m_ControlNotify"), first);
+    EXPECT_EQ(SMSDOConfigFree(first), 0);
+}
 
-    CAlert assigned, copied(alert);
+TEST_F(AlertTest, IsCopiedWithItsNotificationButNotWithThatOnesObject)
+{
+    CMarvelAlert alert, assigned;
+    alert.getControlNotify().setDevID(3);
+    alert.setEventSeqNum(5);
+    stg::SDOProxy proxy;
+    alert.insertIntoAttribValMap("m_ControlNotify", &proxy);
     assigned = alert;
-    marvelAssigned = alert;
-    CMarvelAlert marvelCopied(alert);
-    for (CAlert* const copy :
-         {&assigned, &copied, static_cast<CAlert*>(&marvelAssigned), static_cast<CAlert*>(&marvelCopied)}) {
-        const bool marvel = copy != &assigned && copy != &copied;
-        EXPECT_EQ(copy->m_bHasEventSeqNum, !marvel);
-        EXPECT_EQ(copy->getEventSeqNum(), marvel ? 5U : NONE);
+    CMarvelAlert copied(alert);
+    CAlert plain(alert), plainAssigned;
+    plainAssigned = alert;
+    for (CAlert* const copy : std::initializer_list<CAlert*>{&assigned, &copied, &plain, &plainAssigned}) {
+        const bool isPlain = copy == &plain || copy == &plainAssigned;
+        EXPECT_EQ(copy->getEventSeqNum(), isPlain ? NONE : 5U);
+        EXPECT_EQ(copy->m_bHasEventSeqNum, isPlain)
+            << "the vendor's copies have the number, but not the mark";
         EXPECT_EQ(copy->getControlNotify().getDevID(), 3U);
-        stg::AttribValMap& entries = *copy->getAttribValueMap();
-        EXPECT_EQ(entries.size(), 8U) << "all attributes, but not the notification's object";
-        copy->setAlertNumber(2051);
-        EXPECT_EQ(*static_cast<unsigned int*>(entries.at("m_AlertNumber")), 2051U);
-        for (unsigned int index = 0; index < 6; ++index) {
-            const std::string name = "m_ReplacementStr0" + std::to_string(index + 1);
-            EXPECT_EQ(*static_cast<std::string*>(entries.at(name)), std::to_string(index));
-            EXPECT_EQ((copy->*GET[index])(), std::to_string(index));
-            const auto& row = CAlert::getAttribNameAndType().at(name);
-            EXPECT_EQ(row.m_AttribType + std::to_string(row.m_PropertyID),
-                      "STDSTR" + std::to_string(24786 + index));
-        }
+        EXPECT_EQ(copy->getAttribValueMap()->count("m_ControlNotify"), 0U);
     }
-    EXPECT_EQ(alert.getAlertNumber(), 2050U);
 }
 
 } // namespace

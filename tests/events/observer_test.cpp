@@ -4,135 +4,127 @@
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
 #include "events/CMarvelEvtSubject.h"
-#include "morlan/morlan_inspect.h"
 #include "mvlayer/Binders.h"
 #include "ral/ral_inspect.h"
 #include "sdo/SDOProxy.h"
-#include "support/CLogger.h"
+#include "support/Status.h"
+
+#include <sdo.h>
+#include <zarnek_ini.h>
+
+#include <array>
 
 namespace
 {
 
-constexpr unsigned int NONE = 0xFFFFFFFF;
+constexpr unsigned int NONE = stg::NUMBER_UNKNOWN;
 
+// Notes what is done after an alert: number, object type, global number, adapter index, device.
 struct Observer : CMarvelEvtObserver {
     using CMarvelEvtObserver::m_pfnTakeAction;
+    using Action = std::array<unsigned int, 5>;
     short generateActionCommand(unsigned alert, unsigned type, unsigned global, unsigned index,
                                 unsigned device) override
     {
-        stg::lout << "action " << alert << ' ' << type << ' ' << global << ' ' << index << ' ' << device
-                  << '\n';
+        m_actions.push_back({alert, type, global, index, device});
         return 0;
     }
+    std::vector<Action> m_actions;
 };
 
-void fill(CMarvelAlert& alert, unsigned eventClass, unsigned code, unsigned device, unsigned sequence)
-{
-    const auto narrow = [](unsigned number) { return static_cast<std::uint16_t>(number); };
-    _Event event{narrow(eventClass), narrow(code), {}, narrow(device), {}, sequence, {}};
-    stg::SInfoHelper_t helper{101, 1, 0, 0, ""};
-    stg::QLVEventBinder_t binder(&event, &helper);
-    alert = &binder;
-}
-
 struct ObserverTest : PluginTest {
-    // Notes a notification: each property, and after it those of the object inside.
-    static void receive(void* text, const void* object)
+    static void fill(CMarvelAlert& alert, std::uint16_t eventClass, std::uint16_t code, std::uint16_t device,
+                     unsigned int sequence)
     {
-        unsigned short id = 0;
-        unsigned char type = 0;
-        const void* value = nullptr;
-        unsigned int size = 0;
-        for (unsigned int i = 0; morlan_sdo_property_at(object, i, &id, &type, &value, &size) == 0; ++i) {
-            *static_cast<std::string*>(text) += std::to_string(id) + '=' + property(object, id) + ' ';
-            if (type == 13)
-                receive(text, value);
-        }
-        *static_cast<std::string*>(text) += '|';
+        _Event event{eventClass, code, {}, device, {}, sequence, {}};
+        stg::SInfoHelper_t helper{101, 1, 0, 0, ""};
+        stg::QLVEventBinder_t binder(&event, &helper);
+        alert = &binder;
     }
 };
 
 TEST_F(ObserverTest, PassesWhatIsMappedAndNewerThanTheStoredNumber)
 {
-    writeMapping("[Adapter]\n20=2048\n21=2047\n22=4294967294\n24=4294967295\n[PhysicalDevice]\n20=2050\n");
-    using Case = std::tuple<unsigned, unsigned, unsigned, unsigned, std::string>;
-    const std::string type = "Object Type is not matching. Not able to process alert.|";
-    for (const auto& [stored, eventClass, code, sequence, outcome] :
-         std::vector<Case>{{100, 0, 20, 101, "2048"},
-                           {100, 2, 20, 300, "2050"},
-                           {100, 0, 22, NONE - 1, "4294967294"},
-                           {100, 0, 21, 500, "unmapped"},
-                           {100, 0, 24, 500, "unmapped"},
-                           {100, 2, 22, 5, "unmapped"},
-                           {100, 0, 20, 100, "old"},
-                           {0, 0, 20, 0, "old"},
-                           {0, 0, 20, NONE, "old"},
-                           {NONE, 0, 20, NONE - 1, "old"},
-                           {100, 0, 21, 500, "unmapped numberless"},
-                           {100, 0, 20, 500, "numberless"},
-                           {100, 5, 20, 500, "typeless"}}) {
-        CMarvelEventManager::m_PrevEventSeqNum = stored;
+    const std::string below = std::to_string(INI_FIRST_ALERT_NUMBER - 1);
+    writeMapping("[Adapter]\n1=" + std::to_string(INI_FIRST_ALERT_NUMBER) + "\n2=" + below +
+                 "\n3=4294967294\n4=4294967295\n[PhysicalDevice]\n1=2050\n");
+    const std::string label = "ZARNEK:CMarvelEvtObserver::processAlert(): ";
+    const std::string typeless = "Object Type is not matching. Not able to process alert.";
+    const std::string numberless = "Event Sequence Number is missing. Not able to process this alert.";
+    const auto unmapped = [&](unsigned int code) {
+        return "Couldn't map Marvel Event Code: " + std::to_string(code) +
+               " with VRAX Alert Code in /MarvelAlertMapping.ini File.";
+    };
+    const auto old = [&](unsigned int sequence) {
+        return "Alert Sequence Number: " + std::to_string(sequence) +
+               " is not greater than the Sequence Number mentioned in MarvelAlertMapping.ini File. Not "
+               "processing this Alert.";
+    };
+    struct Case {
+        unsigned int stored;
+        std::uint16_t eventClass, code;
+        unsigned int sequence, alert; // 0: refused
+        Lines said;
+        bool numbered = true;
+    };
+    for (const Case& c : {Case{100, MV_EVENT_CONTROLLER, 1, 101, INI_FIRST_ALERT_NUMBER, {}},
+                          Case{100, MV_EVENT_PHYSICAL_DISK, 1, 300, 2050, {}},
+                          Case{100, MV_EVENT_CONTROLLER, 3, NONE - 1, 4294967294, {}},
+                          Case{100, MV_EVENT_CONTROLLER, 2, 500, 0, {unmapped(2)}},
+                          Case{100, MV_EVENT_CONTROLLER, 4, 500, 0, {unmapped(4)}},
+                          Case{100, MV_EVENT_PHYSICAL_DISK, 3, 5, 0, {unmapped(3)}},
+                          Case{100, MV_EVENT_CONTROLLER, 1, 100, 0, {old(100)}},
+                          Case{0, MV_EVENT_CONTROLLER, 1, 0, 0, {old(0)}},
+                          Case{0, MV_EVENT_CONTROLLER, 1, NONE, 0, {old(NONE)}},
+                          Case{NONE, MV_EVENT_CONTROLLER, 1, NONE - 1, 0, {old(NONE - 1)}},
+                          Case{100, MV_EVENT_CONTROLLER, 2, 500, 0, {unmapped(2)}, false},
+                          Case{100, MV_EVENT_CONTROLLER, 1, 500, 0, {numberless}, false},
+                          Case{100, 5, 1, 500, 0, {typeless, unmapped(1)}}}) {
+        CMarvelEventManager::m_PrevEventSeqNum = c.stored;
         CMarvelEvtObserver::m_CurEventSeqNum = 7;
         CMarvelAlert alert;
-        fill(alert, eventClass, code, 3, sequence);
-        const bool numbered = outcome.find("numberless") == std::string::npos;
-        alert.m_bHasEventSeqNum = numbered;
+        fill(alert, c.eventClass, c.code, 3, c.sequence);
+        alert.m_bHasEventSeqNum = c.numbered;
         clear();
-        EXPECT_EQ(Observer().processAlert(&alert), 1);
-        const bool passes = outcome[0] <= '9';
-        EXPECT_EQ(alert.m_bHasEventSeqNum, !passes && numbered);
-        EXPECT_EQ(CMarvelEvtObserver::m_CurEventSeqNum, passes ? sequence : 7U);
-        const std::string lines =
-            passes ? "action " + outcome + (eventClass == 0 ? " 769 101 1 4294967295|" : " 772 101 1 3|")
-            : outcome == "numberless" ? "Event Sequence Number is missing. Not able to process this alert.|"
-            : outcome == "old"        ? "Alert Sequence Number: " + std::to_string(sequence) +
-                                     " is not greater than the Sequence Number mentioned in "
-                                     "MarvelAlertMapping.ini File. Not processing this Alert.|"
-                               : (outcome == "typeless" ? type : "") +
-                                     "Couldn't map Marvel Event Code: " + std::to_string(code) +
-                                     " with VRAX Alert Code in /MarvelAlertMapping.ini File.|";
-        std::string said;
+        Observer observer;
+        EXPECT_EQ(observer.processAlert(&alert), 1);
+        const bool passes = c.alert != 0;
+        EXPECT_EQ(alert.m_bHasEventSeqNum, !passes && c.numbered);
+        EXPECT_EQ(CMarvelEvtObserver::m_CurEventSeqNum, passes ? c.sequence : 7U);
+        const auto wanted = c.eventClass == MV_EVENT_CONTROLLER
+                                ? Observer::Action{c.alert, SDO_OBJTYPE_CONTROLLER, 101, 1, NONE}
+                                : Observer::Action{c.alert, SDO_OBJTYPE_PHYSICAL_DISK, 101, 1, 3};
+        EXPECT_EQ(observer.m_actions, std::vector(passes ? 1 : 0, wanted));
+        Lines said;
         for (const std::string& line : messages())
-            if (line.find("CMarvelEvtObserver::processAlert(): ") == 7 || line.find("action") == 0)
-                said += line.substr(line[0] == 'a' ? 0 : 43) + '|';
-        EXPECT_EQ(said, lines);
+            if (line.rfind(label, 0) == 0)
+                said.push_back(line.substr(label.size()));
+        EXPECT_EQ(said, c.said);
     }
 }
 
-TEST_F(ObserverTest, SendsABatchUnderThePropertiesThatNameTheObjects)
+TEST_F(ObserverTest, ABatchGoesOnBehindAnAlertThatCannotBeSent)
 {
-    writeMapping("[Adapter]\n20=2058\n[PhysicalDevice]\n20=2050\n[VirtualDevice]\n20=2057\n");
-    CMarvelAlert alerts[4];
-    const unsigned int classes[] = {0, 2, 0, 1};
-    std::vector<CAlert*> batch;
-    for (unsigned int i = 0; i < 4; ++i) {
-        fill(alerts[i], classes[i], 20, 65535 - i, 9 - i);
-        batch.push_back(&alerts[i]);
-    }
-    std::string sent;
-    ral_set_notification_sink(receive, &sent);
-    ral_fail_call("RalSendNotification", 4, 1, 5);
-    clear();
-    Observer().updateMyself(batch);
-    const auto object = [](const std::string& number, const std::string& device, const std::string& nexus) {
-        return "24685=8:" + number + " 24678=13: 24577=136:0 24582=8:1 24579=136:0 " + device +
-               " 24578=136:0 24692=24:24600" + nexus + " 24583=8:9 24600=8:101 |24680=8:3070 |";
-    };
-    EXPECT_EQ(sent, object("2058", "24809=8:65535", " 24576=8:769") +
-                        object("2050", "24810=8:65534", ",24810 24576=8:772") +
-                        object("2058", "24810=8:65533", " 24576=8:769"));
-    EXPECT_THAT(messages(), testing::Contains("action 2057 773 101 1 65532"))
-        << "though it could not be sent";
+    writeMapping("[VirtualDevice]\n1=2057\n");
+    CMarvelAlert first, second;
+    fill(first, MV_EVENT_VIRTUAL_DISK, 1, 7, 9);
+    fill(second, MV_EVENT_VIRTUAL_DISK, 1, 65535, 6);
+    std::vector<CAlert*> batch{&first, &second};
+    ral_fail_call("RalSendNotification", 1, 1, 5);
+    Observer observer;
+    observer.updateMyself(batch);
+    EXPECT_THAT(observer.m_actions,
+                testing::ElementsAre(Observer::Action{2057, SDO_OBJTYPE_VIRTUAL_DISK, 101, 1, 7},
+                                     Observer::Action{2057, SDO_OBJTYPE_VIRTUAL_DISK, 101, 1, 65535}));
     EXPECT_EQ(CMarvelEvtObserver::m_CurEventSeqNum, 6U) << "the last that passed, downward too";
-    EXPECT_EQ(CControl_Notify::getAttribNameAndType()["m_DevID"].m_PropertyID, 24629U);
 
-    // The property of a device without a row of its own, and the type that has no nexus.
+    // A device without a row of its own, and a type that has no nexus.
     stg::AttribTypeMap rows;
     std::vector<unsigned int> nexus;
-    Observer().createNexus(772, rows, nexus);
+    observer.createNexus(SDO_OBJTYPE_PHYSICAL_DISK, rows, nexus);
     clear();
-    Observer().createNexus(770, rows, nexus);
-    EXPECT_THAT(nexus, testing::ElementsAre(24600, 24809));
+    observer.createNexus(770, rows, nexus);
+    EXPECT_THAT(nexus, testing::ElementsAre(SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_DEVICEID_U32));
     EXPECT_EQ(messages(),
               Lines{"ZARNEK:CMarvelEvtObserver::createNexus(): Object Type didn't match. Not able to "
                     "create Nexus for the Object Type: 770"});
@@ -157,8 +149,6 @@ TEST_F(ObserverTest, IsRegisteredAndSaysWhereCommandsGo)
     first.IEvtObserver::getAssociatedWith(&subject, sevenFor);
     EXPECT_EQ(subject.m_pObserver, &first);
     EXPECT_EQ(subject.m_pfnNotify, &IEvtObserver::updateMyself);
-    static_cast<IEvtObserver&>(second) = first;
-    EXPECT_EQ(second.m_pfnTakeAction, nullptr);
     second = first;
     EXPECT_EQ(second.dispatchCommand(command), 7);
     first.CMarvelEvtObserver::getAssociatedWith(&subject, sevenFor);
@@ -167,7 +157,6 @@ TEST_F(ObserverTest, IsRegisteredAndSaysWhereCommandsGo)
     stg::SDOProxy proxy;
     ral_fail_call("RalSendNotification", 1, 1, 0x10005);
     EXPECT_EQ(first.sendAlert(proxy), 5);
-    EXPECT_EQ(CMarvelEvtObserver::destroyMe() + CMarvelEvtObserver::destroyMe(), 0);
 }
 
 } // namespace

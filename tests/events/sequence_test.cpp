@@ -1,6 +1,5 @@
 // The event sequence number over restarts.
 #include "common/PluginTest.h"
-#include "discovery/CMarvelSubSystemMgr.h"
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
 #include "events/IEvtSubject.h"
@@ -42,29 +41,20 @@ TEST_F(EventSequenceTest, WritesANumberThatGrewAndNoOther)
     }
 }
 
-TEST_F(EventSequenceTest, ReadsAnewAtEachInstantiateForSubjectsOverTheControllersOfTheMoment)
+TEST_F(EventSequenceTest, EachSubjectPollsTheControllersOfItsMoment)
 {
-    loadAdapter("");
-    CMarvelSubSystemMgr* const subsystem = CMarvelSubSystemMgr::getUniqueInstance();
     CMarvelEventManager& manager = *CMarvelEventManager::getUniqueInstance();
-    for (const unsigned int number : {20U, 30U}) {
-        writeMapping("[EventSequenceNumber]\nSequenceNumber=" + std::to_string(number) + "\n");
+    // Global numbers and adapter indexes of each subject.
+    using Ids = std::vector<std::pair<unsigned int, unsigned int>>;
+    std::vector<Ids> listed;
+    for (const unsigned int number : {2U, 4U}) {
         manager.insertIntoCntrlList({number, number + 1});
         ASSERT_EQ(manager.instantiate(), 0);
-        EXPECT_EQ(CMarvelEventManager::m_PrevEventSeqNum, number);
-        auto* const subject = static_cast<IEvtSubject*>(manager.getThreadVector().back().getFuncArg());
-        EXPECT_THAT(messages(),
-                    testing::Contains("ZARNEK:CMarvelEventManager::createEventSubject(): Event Subject "
-                                      "has been instantiated successfully. Event Subject ID: " +
-                                      std::to_string(subject->getSubjectID())));
-        EXPECT_EQ(manager.accessMap().at(subject->getSubjectID()), CMarvelEvtObserver::getUniqueInstance());
-        EXPECT_EQ(subject->getLilLayerPtr(), subsystem->getLilPtr());
     }
-    std::string listed;
     for (Thread& thread : manager.getThreadVector()) {
+        listed.emplace_back();
         for (const stg::SCntrlID_t& id : static_cast<IEvtSubject*>(thread.getFuncArg())->getCntrlIdList())
-            listed += std::to_string(id.m_GlobalCntrlNum) + '/' + std::to_string(id.m_CntrlID) + ' ';
-        listed += '|';
+            listed.back().emplace_back(id.m_GlobalCntrlNum, id.m_CntrlID);
     }
-    EXPECT_EQ(listed, "20/21 |20/21 30/31 |");
+    EXPECT_THAT(listed, testing::ElementsAre(Ids{{2, 3}}, Ids{{2, 3}, {4, 5}}));
 }

@@ -1,78 +1,26 @@
-#include "AttributeRows.h"
+#include "common/PluginTest.h"
 #include "model/CMarvelPhysicalDevice.h"
-#include "mvlayer/Binders.h"
-#include "support/CLogger.h"
+#include "model/Filled.h"
+#include "support/Status.h"
+
+#include <sdo.h>
+
+#include <cstring>
 
 using testing::ElementsAre;
 
 namespace
 {
 
+constexpr unsigned int UNSET = stg::NUMBER_UNKNOWN;
+
 using DiskTest = PluginTest;
 
-constexpr char ROWS[] = R"(
-m_pdObjType UNSIGNED_INTEGER 24576  m_pdGlobalCntrlNum UNSIGNED_INTEGER 24600
-m_pdDevID UNSIGNED_INTEGER 24809  m_pdSlotNum UNSIGNED_INTEGER 24810  m_pdStatus UNSIGNED_INTEGER 24581
-m_pdState UNSIGNED_INTEGER 24580  m_pdPowerStatus UNSIGNED_INTEGER 24940
-m_pdBusProtocol UNSIGNED_INTEGER 24768  m_pdMedia UNSIGNED_INTEGER 24888  m_pdRRWE UNSIGNED_INTEGER 25093
-m_pdRevision STDSTR 24624  m_pdDriverVer STDSTR 24741  m_pdModelNum STDSTR 25004
-m_pdCapacity ULONG_ULONG_INT 24595  m_pdUsedRaidDiskSpace ULONG_ULONG_INT 24615
-m_pdFreeRaidDiskSpace ULONG_ULONG_INT 24621  m_pdHotspare UNSIGNED_INTEGER 24673  m_pdVendorID STDSTR 24623
-m_pdProductID STDSTR 24614  m_pdSerialNum STDSTR 24656  m_pdSectorSize UNSIGNED_INTEGER 25101
-m_pdDevWriteCache UNSIGNED_INTEGER 24666  m_pdDiskCachePolicy UNSIGNED_INTEGER 24628
-m_pdSASAddress STDSTR 24808  m_pdAttributeMask BINARY_DATA_TYPE 24577
-m_pdMasterMethodMask BINARY_DATA_TYPE 24578  m_pdCurrentMethodMask BINARY_DATA_TYPE 24579
-m_pdNexus NEXUS_TYPE 24692  m_pdVILNumber UNSIGNED_INTEGER 24583  m_pdCntrID UNSIGNED_INTEGER 24582
-m_pdProductName STDSTR 24587  m_pdCapableSpeed UNSIGNED_INTEGER 24766
-m_pdNegotiatedSpeed UNSIGNED_INTEGER 24765  m_pdWriteCacheSupport UNSIGNED_INTEGER 0
-m_pdDiskGroupNum UNSIGNED_INTEGER 24616)";
-
-TEST_F(DiskTest, KeepsItsAttributesByTheTable)
-{
-    checkAttributes<CPhysicalDevice>(ROWS, CPhysicalDevice::getPdAttribNameAndType(),
-                                     [](CPhysicalDevice& disk) { return disk.getPdAttribValueMap(); });
-
-    unsigned int number = 6;
-    stg::AttribValMap given{{"m_pdFailurePredicted", &number}, {"m_pdEncryptionCap", &number}};
-    CPhysicalDevice disk;
-    disk = given;
-    EXPECT_EQ(numbers(*disk.getPdAttribValueMap(), "m_pdFailurePredicted m_pdEncryptionCap"), "6 6 ");
-    CPhysicalDevice copy(disk);
-    EXPECT_EQ(numbers(*copy.getPdAttribValueMap(), "m_pdFailurePredicted m_pdEncryptionCap"), "- - ");
-    EXPECT_TRUE(copy.getFailurePredicted() != 6 && copy.getEncryptionCap() != 6) << "left out of copies";
-    EXPECT_EQ(copy.getCapacity() & copy.getUsedRaidDiskSpace() & copy.getFreeRaidDiskSpace(), 0xFFFFFFFFULL);
-}
-
-TEST_F(DiskTest, SaysSomeThingsPastTheLogger)
-{
-    {
-        CPhysicalDevice disk;
-        disk.setSlotNum(3);
-        stg::lout << "begun, ";
-        disk.clearMap();
-        EXPECT_TRUE(disk.getPdAttribValueMap()->empty());
-    }
-    stg::lout << "ended" << '\n';
-    const std::string at = "ZARNEK: CPhysicalDevice ";
-    EXPECT_THAT(log(),
-                ElementsAre(at + "clearMap Entry", at + "deleteFromMap Entry", at + "deleteFromMap Exit",
-                            at + "clearMap Exit", at + "D-tor Entry", "begun, ended"));
-}
-
-// A disk and what it is filled from.
-struct Filled : CMarvelPhysicalDevice {
-    using CMarvelPhysicalDevice::operator=;
+struct Disk : Filled<CMarvelPhysicalDevice, stg::QLVPDBinder_t> {
+    Disk() { binder = {&info, &config, &helper, &space}; }
     _HD_Info info{};
     _HD_CONFIG config{};
     _HD_FreeSpaceInfo space{};
-    stg::SInfoHelper_t helper;
-    stg::QLVPDBinder_t binder{&info, &config, &helper, &space};
-
-    const stg::AttribValMap& fill()
-    {
-        *this = static_cast<void*>(&binder);
-        return *getPdAttribValueMap();
-    }
 };
 
 TEST_F(DiskTest, TakesTheRecordsThatAreThere)
@@ -80,72 +28,110 @@ TEST_F(DiskTest, TakesTheRecordsThatAreThere)
     CMarvelPhysicalDevice untold;
     untold = static_cast<void*>(nullptr);
     EXPECT_THAT(*untold.getPdAttribValueMap(), ElementsAre(testing::Key("m_pdNexus")));
-    EXPECT_THAT(untold.getPdNexus(), ElementsAre(24600, 24810));
+    EXPECT_THAT(untold.getPdNexus(), ElementsAre(SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_SLOTNUM_U32));
 
-    Filled disk;
-    put(disk.space, 0x08, 8, 0x400001);
+    Disk disk;
+    disk.space.FreeSizeKB = 0x400001;
     disk.binder = {nullptr, nullptr, nullptr, &disk.space};
-    EXPECT_EQ(disk.fill().size(), 8U); // masks, type, layer, spaces, nexus
-    EXPECT_EQ(disk.getFreeRaidDiskSpace(), 0x100000400ULL);
-    EXPECT_EQ(disk.getUsedRaidDiskSpace(), 0xFFFFFFFFULL - 0x100000400ULL);
+    disk.fill();
+    SdoValues values{{SSPROP_ATTRIBUTEMASK_U32, 0},
+                     {SSPROP_MASTERMETHODMASK_U32, 0},
+                     {SSPROP_CURRENTMETHODMASK_U32, 0},
+                     {SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                     {SSPROP_VILNUMBER_U32, SDO_VIL_NUMBER},
+                     {SSPROP_NEXUS_U32, std::vector{SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_SLOTNUM_U32}},
+                     {SSPROP_FREERAIDDISKSPACE_U64, 0x100000400},
+                     {SSPROP_USEDRAIDDISKSPACE_U64, 0xFFFFFFFF - 0x100000400ULL}};
+    EXPECT_EQ(disk.sent(), values);
 
     disk.binder = {&disk.info, &disk.config, &disk.helper, &disk.space};
     disk.helper.globalCntrlNum = 101;
     disk.helper.cntrlId = 2;
-    disk.helper.hdRaidStatus = 2;
-    put(disk.info, 0x24, 2, 0xBEEF);
-    put(disk.info, 0x90, 8, 0xFEDCBA9876543);
-    put(disk.info, 0xa4, 4, 0x80001000);
-    put(disk.config, 0x06, 2, 0xCAFE);
-    put(disk.space, 0x08, 8, 0xFEDCBA9876540);
-    const stg::AttribValMap& values = disk.fill();
-    EXPECT_EQ(numbers(values, "m_pdAttributeMask m_pdMasterMethodMask m_pdCurrentMethodMask m_pdObjType "
-                              "m_pdVILNumber m_pdGlobalCntrlNum m_pdCntrID m_pdState m_pdStatus m_pdDevID "
-                              "m_pdSectorSize m_pdSlotNum m_pdCapableSpeed m_pdNegotiatedSpeed"),
-              "0 0 0 772 9 101 2 4 2 48879 2147487744 51966 0 0 ");
-    EXPECT_EQ(values.size(), 14U + 10U); // texts, spaces, nexus
-    EXPECT_EQ(disk.getCapacity(), 0xFEDCBA9876543ULL << 10);
-    EXPECT_EQ(disk.getUsedRaidDiskSpace(), 3ULL << 10);
-    put(disk.space, 0x08, 8, 0xFEDCBA9876544);
+    disk.helper.hdRaidStatus = MV_DISK_IN_ARRAY;
+    disk.info.HD_Id = 0xBEEF;
+    disk.info.SizeKB = 0xFEDCBA9876543;
+    disk.info.BlockSize = 0x80001000;
+    disk.config.SlotNumber = 0xCAFE;
+    disk.space.FreeSizeKB = 0xFEDCBA9876540;
+    disk.fill();
+    for (const auto& [id, value] : SdoValues{{SSPROP_GLOBALCONTROLLERNUM_U32, 101},
+                                             {SSPROP_CONTROLLERID_U32, 2},
+                                             {SSPROP_STATE_U32, SDO_STATE_ONLINE},
+                                             {SSPROP_STATUS_U32, SDO_STATUS_OK},
+                                             {SSPROP_DEVICEID_U32, 0xBEEF},
+                                             {SSPROP_SECTORSIZE_U32, 0x80001000},
+                                             {SSPROP_SLOTNUM_U32, 0xCAFE},
+                                             {SSPROP_SIZE_U64, 0xFEDCBA9876543ULL << 10},
+                                             {SSPROP_USEDRAIDDISKSPACE_U64, 3 << 10},
+                                             {SSPROP_FREERAIDDISKSPACE_U64, 0xFEDCBA9876540ULL << 10},
+                                             {SSPROP_CAPABLESPEED_U32, SDO_SPEED_NONE},
+                                             {SSPROP_NEGOTIATEDSPEED_U32, SDO_SPEED_NONE},
+                                             {SSPROP_REVISION_ASTRING, ""},
+                                             {SSPROP_SERIALNUM_ASTRING, ""},
+                                             {SSPROP_MODEL_ASTRING, ""},
+                                             {SSPROP_PRODUCTID_ASTRING, ""},
+                                             {SSPROP_VENDOR_ASTRING, "VORN"},
+                                             {SSPROP_SASADDRESS_ASTRING, ""}})
+        values.insert_or_assign(id, value);
+    EXPECT_EQ(disk.sent(), values);
+    disk.space.FreeSizeKB = 0xFEDCBA9876544;
     disk.fill();
     EXPECT_EQ(disk.getUsedRaidDiskSpace(), 0xFFFFFFFFFFFFFC00ULL);
 }
 
 TEST_F(DiskTest, DecodesItsCodes)
 {
-    struct Flags {
-        unsigned int link, media, features, speed;
-        std::string expected; // protocol, media, capable speed, write cache, encryption, negotiated speed
+    struct Case {
+        std::uint8_t linkFlags, mediaFlags, linkSpeed;
+        std::uint32_t featureFlags;
+        unsigned int protocol, media, capableSpeed, speed, writeCache, encryption;
     };
-    Filled reused;
-    std::string last;
-    for (const Flags& c : {Flags{0x00, 0xFE, 0xFFFFFA63, 0, "- - 0 - - 0 "},
-                           {0xFA, 0x00, 1U << 2, 1, "- - 1536 - - 1536 "},
-                           {0x04, 0x03, 0xCU | 1U << 8, 2, "8 2 3072 - 1 3072 "},
-                           {0x05, 0x00, 0xCU | 1U << 7 | 1U << 4, 3, "7 - 6144 1 - 6144 "},
-                           {0x01, 0x01, 1U << 10 | 1U << 7, 4, "7 2 12288 - - 12288 "},
-                           {0x00, 0x00, 0x80000800, 5, "- - 0 - - 0 "}}) {
-        Filled fresh;
-        for (Filled* const disk : {&fresh, &reused}) {
-            put(disk->info, 0x42, 1, c.link);
-            put(disk->info, 0x48, 4, c.features);
-            put(disk->info, 0xb8, 1, c.media);
-            put(disk->config, 0x03, 1, c.speed);
+    Disk reused;
+    for (const Case& c : {Case{0, 0xFE, 0, 0xFFFFFA63, UNSET, UNSET, 0, 0, UNSET, UNSET},
+                          {0xFA, 0, 1, 0x004, UNSET, UNSET, 1536, 1536, UNSET, UNSET},
+                          {0x04, 0x03, 2, 0x10C, 8, 2, 3072, 3072, UNSET, 1},
+                          {0x05, 0, 3, 0x09C, 7, UNSET, 6144, 6144, 1, UNSET},
+                          {0x01, 0x01, 4, 0x480, 7, 2, 12288, 12288, UNSET, UNSET},
+                          {0, 0, 5, 0x80000800, UNSET, UNSET, 0, 0, UNSET, UNSET}}) {
+        Disk fresh;
+        for (Disk* const disk : {&fresh, &reused}) {
+            disk->info.LinkFlags = c.linkFlags;
+            disk->info.FeatureFlags = c.featureFlags;
+            disk->info.MediaFlags = c.mediaFlags;
+            disk->config.LinkSpeed = c.linkSpeed;
             disk->fill();
+            EXPECT_EQ(disk->getCapableSpeed(), c.capableSpeed);
+            EXPECT_EQ(disk->getNegotiatedSpeed(), c.speed);
         }
-        const std::string names = "m_pdBusProtocol m_pdMedia m_pdCapableSpeed m_pdWriteCacheSupport "
-                                  "m_pdEncryptionCap m_pdNegotiatedSpeed";
-        EXPECT_EQ(numbers(*fresh.getPdAttribValueMap(), names), c.expected);
-        last = numbers(*reused.getPdAttribValueMap(), names);
+        EXPECT_EQ(fresh.getBusProtocol(), c.protocol);
+        EXPECT_EQ(fresh.getMedia(), c.media);
+        EXPECT_EQ(fresh.getWriteCacheSupport(), c.writeCache);
+        EXPECT_EQ(fresh.getEncryptionCap(), c.encryption);
     }
-    EXPECT_EQ(last, "7 2 0 1 1 0 ") << "flags that went away leave what they set";
-    // Status flags to state and status.
-    const std::map<unsigned int, std::string> meanings{
-        {0xFF, "8 4 "}, {0x09, "8 4 "}, {0xF7, "1 2 "}, {0x21, "1 2 "}, {0xF6, "0 1 "}, {0x22, "0 1 "},
-        {0xD6, "4 2 "}, {0x06, "4 2 "}, {0xD4, "0 1 "}, {0x10, "0 1 "}, {0xC0, "0 1 "}, {0x00, "0 1 "}};
-    for (const auto& [flags, meaning] : meanings) {
-        reused.helper.hdRaidStatus = flags;
-        EXPECT_EQ(numbers(reused.fill(), "m_pdState m_pdStatus"), meaning) << flags;
+    // Flags that went away leave what they set.
+    EXPECT_EQ(reused.getBusProtocol(), 7U);
+    EXPECT_EQ(reused.getMedia(), 2U);
+    EXPECT_EQ(reused.getWriteCacheSupport() + reused.getEncryptionCap(), 2U);
+
+    struct Meaning {
+        unsigned int flags, state, status;
+    };
+    for (const Meaning& m : {Meaning{0xFF, 8, 4},
+                             {0x09, 8, 4},
+                             {0xF7, 1, 2},
+                             {0x21, 1, 2},
+                             {0xF6, 0, 1},
+                             {0x22, 0, 1},
+                             Meaning{0xD6, 4, 2},
+                             {0x06, 4, 2},
+                             {0xD4, 0, 1},
+                             {0x10, 0, 1},
+                             {0xC0, 0, 1},
+                             {0x00, 0, 1}}) {
+        reused.helper.hdRaidStatus = m.flags;
+        reused.fill();
+        EXPECT_EQ(reused.getState(), m.state) << m.flags;
+        EXPECT_EQ(reused.getStatus(), m.status) << m.flags;
     }
     for (const unsigned int flags : {0xF0U, 0xD4U, 0xD0U, 0xC0U}) {
         unsigned int state = 77, status = 78;
@@ -158,26 +144,31 @@ TEST_F(DiskTest, DecodesItsCodes)
 TEST_F(DiskTest, ReadsTextsOfAnyLength)
 {
     using namespace std::string_literals;
+    struct Texts {
+        std::string revision, serial, model, address;
+    };
     const std::string forty = " MODEL TEXT OF EXACTLY FORTY CHARACTERS ", twenty = "12345678901234567890";
     const std::string model = forty.substr(1, 38);
-    // Revision, serial, model and SAS address: in the record, and as they are read.
-    const std::pair<Lines, Lines> cases[] = {
+    // In the record, and as they are read.
+    const std::pair<Texts, Texts> cases[] = {
         {{" 1.2345 ", "  SERIAL OF TWENTY\t ", forty, "ADDRESS8"},
          {" 1.2345 ", "SERIAL OF TWENTY", model, "ADDRESS8" + forty.substr(8)}},
         {{"REVISION", twenty, "M\0"s, "ADDRESS8"}, {"REVISION", twenty, "M", "ADDRESS8"}},
         {{"1\0"s, std::string(20, ' '), "MODEL 1234\0"s, "ADDRESS8"}, {"1", "", "MODEL 1234", "ADDRESS834"}},
         {{"\0"s, " \tS 1\t \0"s, forty, "ADDRESS\0"s}, {"", "S 1", model, "ADDRESS"}}};
-    for (const auto& [bytes, texts] : cases) {
-        Filled disk;
+    for (const auto& [given, read] : cases) {
+        Disk disk;
         std::memset(&disk.info, '~', sizeof disk.info); // nothing there ends a text by chance
-        put(disk.info, 0x88, bytes[0]);
-        put(disk.info, 0x74, bytes[1]);
-        put(disk.info, 0x4c, bytes[2]);
-        put(disk.info, 0x30, bytes[3]);
-        EXPECT_EQ(disk.fill().count("m_pdSerialNum"), 1U);
-        EXPECT_EQ((Lines{disk.getRevision(), disk.getSerialNum(), disk.getModelNum(), disk.getSASAddress()}),
-                  texts);
-        EXPECT_EQ(disk.getProductID() + disk.getVendorID(), texts[2] + "VORN");
+        put(disk.info.RevisionText, given.revision);
+        put(disk.info.SerialText, given.serial);
+        put(disk.info.ModelText, given.model);
+        put(disk.info.SASAddress, given.address);
+        disk.fill();
+        EXPECT_EQ(disk.getRevision(), read.revision);
+        EXPECT_EQ(disk.getSerialNum(), read.serial);
+        EXPECT_EQ(disk.getModelNum(), read.model);
+        EXPECT_EQ(disk.getSASAddress(), read.address);
+        EXPECT_EQ(disk.getProductID(), read.model);
     }
 }
 

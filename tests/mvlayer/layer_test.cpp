@@ -7,6 +7,8 @@
 #include "vendor/CLibraryManager.h"
 #include "vendor/CMarvellVendorLibrary.h"
 
+#include <sdo.h>
+
 #include <array>
 #include <optional>
 #include <tuple>
@@ -41,14 +43,13 @@ class LayerTest : public PluginTest
     {
         play("");
         CLibraryManager::getUniqueInstance()->initializeLibrary();
-        m_layer.emplace(9U, nullptr);
+        m_layer.emplace(SDO_VIL_NUMBER, nullptr);
     }
 
     // Plays a system with one adapter from here on.
     void play(const std::string& members, unsigned int maxBufferKB = 64, const std::string& top = "")
     {
-        loadScenario(R"({"format": 1, "name": "test", "adapters": [{"slot": 3, "maxBufferKB": )" +
-                     std::to_string(maxBufferKB) + members + "}]" + top + "}");
+        loadAdapter(members, top, maxBufferKB);
         clear();
     }
 
@@ -104,8 +105,9 @@ TEST_F(LayerTest, AnswersNothingWithoutLibraryOrEntryPoints)
     clear();
     for (const bool registered : {false, true}) {
         if (registered)
-            CLibraryManager::getUniqueInstance()->insertIntoMap(9, new CMarvellVendorLibrary("9", ""));
-        m_layer.emplace(9U, nullptr);
+            CLibraryManager::getUniqueInstance()->insertIntoMap(SDO_VIL_NUMBER,
+                                                                new CMarvellVendorLibrary("9", ""));
+        m_layer.emplace(SDO_VIL_NUMBER, nullptr);
         std::vector<CAlert*> alerts;
         EXPECT_EQ(m_layer->getControllerCount() + m_layer->getControllerCount(nullptr) +
                       m_layer->getPDCount(0) + m_layer->getVDCount(0) + m_layer->getMarvellBufSize(0),
@@ -129,7 +131,7 @@ TEST_F(LayerTest, AsksNothingWithoutMemoryForTheRequest)
 
 TEST_F(LayerTest, LooksForOneDriveInBothLists)
 {
-    play(R"(, "virtualDisks": [{"id": 8}])");
+    play(R"("virtualDisks": [{"id": 8}])");
     drive("8");
     EXPECT_THAT(vendorCalls(), ElementsAre("MV_Adapter_GetCount() = 1", "MV_Adapter_GetInfo(0) = 0",
                                            "MV_LD_GetInfo(0, list from 0, 209) = 0, 1 entry",
@@ -144,8 +146,8 @@ TEST_F(LayerTest, ReadsTheLowByteAndNamesErrors)
          {Case{1, "ERR_FAIL "}, Case{5, "ERR_REQ_OUT_OF_RANGE "}, Case{13, "ERR_INVALID_ADAPTER_ID "},
           Case{187, "ERR_RESCANING "}, Case{2, "UNKOWN ERROR :%d 2"},
           Case{0xFFFFFFFF, "UNKOWN ERROR :%d 255"}, Case{0x1BB, "ERR_RESCANING "}, Case{256, ""}}) {
-        play(R"(, "fail": {"MV_EVT_FlushEvent": )" + std::to_string(result) + "}", 64,
-             R"(, "answers": {"MV_Adapter_GetCount": {"count": 514}})");
+        play(R"("fail": {"MV_EVT_FlushEvent": )" + std::to_string(result) + "}", 64,
+             R"("answers": {"MV_Adapter_GetCount": {"count": 514}})");
         EXPECT_EQ(m_layer->flushEvents(0x200), static_cast<short>(result & 0xFF));
         EXPECT_EQ(messages(),
                   words.empty() ? Lines{}
@@ -190,7 +192,7 @@ std::string claims(int count, const std::string& list, const std::string& other 
 TEST_F(LayerTest, FillsDevicesFromListsThatFitTogether)
 {
     using T = std::decay_t<decltype(*this)>;
-    const std::string devices = R"(, "disks": [{"id": 21, "slot": 5, "freeKB": 1, "raidStatus": "online"},
+    const std::string devices = R"("disks": [{"id": 21, "slot": 5, "freeKB": 1, "raidStatus": "online"},
         {"id": 22, "slot": 6, "freeKB": 2, "raidStatus": "failed"}, {"id": 23, "slot": 7, "freeKB": 3, "raidStatus": "ready"}],
         "virtualDisks": [{"id": 8, "logicalDrive": 3, "status": "degraded"}, {"id": 9, "logicalDrive": 4, "status": "failed"}])";
     const Numbers d1{21, 5, 4, 1024, 70, 0}, d2{22, 6, 8, 2048, 70, 0}, d3{23, 7, 1, 3072, 70, 0}, d(6, NONE);
@@ -213,6 +215,7 @@ TEST_F(LayerTest, FillsDevicesFromListsThatFitTogether)
           Case{&T::disk, "6", fails("PD_GetHDInfo_Ext"), {ok, at6}},
           Case{&T::disk, "6", fails("PD_GetConfig"), {ok, at6}},
           Case{&T::disk, "6", fails("PD_GetHDRaidStatus"), {ok, {22, 6, 0, 2048, NONE, 0}}},
+          Case{&T::disk, "6", fails("PD_GetFreeSpaceInfo"), {ok, {22, 6, 8, 0, NONE, 0}}},
           Case{&T::disk, "6", claims(2, "PD_GetHDInfo_Ext"), {ok, at6}},
           Case{&T::disk, "0", claims(9000, "PD_GetHDInfo_Ext", "PD_GetConfig"), {ok, at0}, 1},
           Case{&T::disks, "111", "", {ok, d1, d2, d3}},
@@ -261,14 +264,23 @@ TEST_F(LayerTest, FillsDevicesFromListsThatFitTogether)
 
 TEST_F(LayerTest, FetchesAndReleasesEvents)
 {
+    struct Counted : CMarvelAlert {
+        explicit Counted(int& ends) : m_ends(ends) {}
+        ~Counted() override { ++m_ends; }
+        int& m_ends;
+    };
+    int ends = 0;
+    std::vector<CAlert*> own{new Counted(ends), nullptr, new Counted(ends)};
+    EXPECT_EQ(m_layer->releaseEventInfoVector(own), 0);
+    EXPECT_EQ(ends, 2);
     using Case = std::tuple<std::string, std::string, std::string, std::size_t>;
     for (const auto& [repeat, rules, said, count] :
          {Case{"", "", "Count:0", 0}, Case{"49", "", "Count:50", 50}, Case{"50", "", "Count:50", 50},
           Case{"50", claims(51, "EVT_GetEvent", "PD_GetConfig"), "Count:51", 50},
           Case{"1", fails("EVT_GetEvent"), "ERR_REQ_OUT_OF_RANGE ", 0}}) {
-        const std::string timeline = R"(, "timeline": [{"poll": 1, "events": [
+        const std::string timeline = R"("timeline": [{"poll": 1, "events": [
             {"code": "diskFailed", "sequence": 4000000000}, {"code": "diskFailed", "sequence": 12, "repeat": )";
-        play(rules, 64, repeat.empty() ? "" : timeline + repeat + "}]}]");
+        play(rules.empty() ? "" : rules.substr(2), 64, repeat.empty() ? "" : timeline + repeat + "}]}]");
         std::vector<CAlert*> alerts = {nullptr}; // stays where it is
         EXPECT_EQ(m_layer->getEventInfo({70, 0x100}, alerts), rules.find("fail") == 3 ? 5 : 0);
         ASSERT_EQ(alerts.size(), 1 + count);

@@ -126,11 +126,12 @@ TEST(TextToolsTest, ReadsNumbersAsA32BitLibraryDoes)
         unsigned int asUnsigned;
         int asSigned;
     };
-    for (const Case& c :
-         {Case{"9", 9, 9}, Case{"", 0, 0}, Case{"x", 0, 0}, Case{"12x", 12, 12},
-          Case{"4294967295", 0xFFFFFFFFU, 0x7FFFFFFF}, Case{"4294967305", 0xFFFFFFFFU, 0x7FFFFFFF},
-          Case{"-1", 0xFFFFFFFFU, -1}, Case{"-5", 4294967291U, -5},
-          Case{"99999999999999999999", 0xFFFFFFFFU, 0x7FFFFFFF}}) {
+    for (const Case& c : {Case{"9", 9, 9}, Case{"", 0, 0}, Case{"x", 0, 0}, Case{"12x", 12, 12},
+                          Case{"4294967295", 0xFFFFFFFFU, 0x7FFFFFFF},
+                          Case{"4294967305", 0xFFFFFFFFU, 0x7FFFFFFF}, Case{"-1", 0xFFFFFFFFU, -1},
+                          Case{"-5", 4294967291U, -5}, Case{"99999999999999999999", 0xFFFFFFFFU, 0x7FFFFFFF},
+                          Case{"-5000000000", 0xFFFFFFFFU, -0x7FFFFFFF - 1},
+                          Case{"-99999999999999999999", 0xFFFFFFFFU, -0x7FFFFFFF - 1}}) {
         EXPECT_EQ(stg::toUnsigned32(c.text), c.asUnsigned) << c.text;
         EXPECT_EQ(stg::toSigned32(c.text), c.asSigned) << c.text;
     }

@@ -1,20 +1,20 @@
 #include "system/Engine.h"
 
+#include "common/SdoObject.h"
+
 #include "morlan/morlan_inspect.h"
-#include "mvsim/api/mvsim_control.h"
 #include "ral/ral_inspect.h"
 
 #include <sdo.h>
+#include <zarnek_ini.h>
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <semaphore.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <chrono>
-#include <cstring>
 #include <ctime>
 #include <thread>
 
@@ -23,21 +23,6 @@ namespace
 
 std::atomic<unsigned int> g_sleeps{0};
 sem_t g_wake{}; // counts from 0, within the process
-
-unsigned int numberOf(const void* object, unsigned int wanted)
-{
-    unsigned short id = 0;
-    unsigned char type = 0;
-    const void* value = nullptr;
-    unsigned int size = 0;
-    unsigned int number = 0;
-    for (unsigned int index = 0; morlan_sdo_property_at(object, index, &id, &type, &value, &size) == 0;
-         ++index) {
-        if (id == wanted && size == sizeof number)
-            std::memcpy(&number, value, sizeof number);
-    }
-    return number;
-}
 
 } // namespace
 
@@ -60,41 +45,16 @@ void wakeSleeper()
 
 Engine::Engine()
 {
-    morlan_reset();
-    ral_reset();
-    mvsim_reset();
-    morlan_set_install_path(m_folder.path().c_str());
-    morlan_set_private_ini(m_folder.path("private.ini").c_str());
     morlan_set_debug_sink(LineLog::sink, &m_log);
     ral_set_notification_sink(onNotification, this);
-    nameVendorLibrary("libmvsim");
-    std::filesystem::copy_file(ZARNEK_SOURCE_DIR "/config/MarvelAlertMapping.ini",
-                               m_folder.path("MarvelAlertMapping.ini"));
+    writeMapping(TempFolder::readFile(std::string(ZARNEK_SOURCE_DIR "/config") + INI_ALERT_MAPPING_FILE));
 }
 
 Engine::~Engine()
 {
     unloadPlugin();
-    morlan_reset();
+    morlan_reset(); // the sinks go ahead of the log that they write into
     ral_reset();
-    mvsim_reset();
-}
-
-void Engine::nameVendorLibrary(const std::string& name) const
-{
-    m_folder.write("private.ini", "[VendorID]\nMarvell=9\n[VendorLibName]\nLinux_9=" + name + "\n");
-}
-
-void Engine::loadScenario(const std::string& file) const
-{
-    std::array<char, 1000> message{};
-    ASSERT_EQ(mvsim_load_scenario(file.c_str(), message.data(), message.size()), 0) << message.data();
-}
-
-void Engine::loadScenarioText(const std::string& text) const
-{
-    m_folder.write("scenario.json", text);
-    loadScenario(m_folder.path("scenario.json"));
 }
 
 void Engine::loadPlugin()
@@ -102,7 +62,7 @@ void Engine::loadPlugin()
     unloadPlugin();
     m_library = dlopen(ZARNEK_PLUGIN, RTLD_NOW);
     ASSERT_NE(m_library, nullptr) << dlerror();
-    m_entry = reinterpret_cast<Entry>(dlsym(m_library, "libpld_sm_zarnek_entry"));
+    m_entry = reinterpret_cast<ZARNEK_Entry_t>(dlsym(m_library, ZARNEK_ENTRY_NAME));
     ASSERT_NE(m_entry, nullptr);
 }
 
@@ -135,7 +95,7 @@ unsigned int Engine::discover(unsigned int firstNumber)
 {
     unsigned int total = 0xAAAAAAAA;
     void* output = &total;
-    EXPECT_EQ(m_entry(22, &firstNumber, &output), 0U);
+    EXPECT_EQ(m_entry(ZARNEK_CMD_DISCOVER, &firstNumber, &output), ZARNEK_STATUS_DONE);
     return total;
 }
 
@@ -143,7 +103,7 @@ unsigned int Engine::monitor()
 {
     // The plug-in's two threads must not log at once, so the event thread waits for the command's end.
     morlan_hold_threads(1);
-    const unsigned int status = send(21);
+    const unsigned int status = send(ZARNEK_CMD_START_MONITORING);
     poll();
     return status;
 }

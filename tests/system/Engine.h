@@ -3,24 +3,19 @@
 #define ZARNEK_TESTS_ENGINE_H
 
 #include "common/LineLog.h"
-#include "common/TempFolder.h"
+#include "common/StandIns.h"
+
+#include <zarnek.h>
 
 #include <string>
 #include <vector>
 
-class Engine
+class Engine : public StandIns
 {
   public:
-    // Fresh stand-ins, the simulator as the configured vendor library, and the shipped alert mapping.
+    // With the shipped alert mapping.
     Engine();
-    Engine(const Engine&) = delete;
-    Engine& operator=(const Engine&) = delete;
     ~Engine();
-
-    // Names another vendor library in the private INI.
-    void nameVendorLibrary(const std::string& name) const;
-    void loadScenario(const std::string& file) const;
-    void loadScenarioText(const std::string& text) const;
 
     // A fresh copy of the plug-in: its statics are as after load.
     void loadPlugin();
@@ -43,14 +38,11 @@ class Engine
     unsigned int links() const;
     std::vector<unsigned int> alerts() const { return m_alerts; }
 
-    TempFolder m_folder;
-
   private:
     static void onNotification(void* engine, const void* object);
 
-    using Entry = unsigned int (*)(unsigned int, void*, void**);
     void* m_library = nullptr;
-    Entry m_entry = nullptr;
+    ZARNEK_Entry_t m_entry = nullptr;
     void* m_slot = nullptr;
     LineLog m_log;
     std::vector<unsigned int> m_alerts;

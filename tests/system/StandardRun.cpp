@@ -1,9 +1,9 @@
 #include "system/StandardRun.h"
 
+#include "common/SdoObject.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 
-#include <sdo.h>
 #include <zarnek.h>
 
 #include <cstring>
@@ -39,21 +39,8 @@ void noteFailure(void* outcome, const char* line)
 
 void describe(std::ostream& text, const void* object)
 {
-    unsigned short id = 0;
-    unsigned char type = 0;
-    const void* value = nullptr;
-    unsigned int size = 0;
-    for (unsigned int index = 0; morlan_sdo_property_at(object, index, &id, &type, &value, &size) == 0;
-         ++index) {
-        text << ' ' << id << '=';
-        if (type == SDO_TYPE_SDOCONFIG) {
-            text << '(';
-            describe(text, value);
-            text << ')';
-        } else
-            for (unsigned int i = 0; i < size; ++i)
-                text << static_cast<unsigned int>(static_cast<const unsigned char*>(value)[i]) << '.';
-    }
+    for (const auto& [id, value] : valuesOf(object))
+        text << ' ' << id << '=' << value;
 }
 
 // What the stand-ins hold for the plug-in.
@@ -68,11 +55,11 @@ std::string heldText()
 
 } // namespace
 
-StandardRun::StandardRun() : m_mapping(m_engine.m_folder.read("MarvelAlertMapping.ini"))
+StandardRun::StandardRun()
+    : m_scenario(TempFolder::readFile(ZARNEK_SOURCE_DIR "/scenarios/small-server.json")),
+      m_mapping(TempFolder::readFile(ZARNEK_SOURCE_DIR "/config/MarvelAlertMapping.ini"))
 {
-    std::string scenario = TempFolder::readFile(ZARNEK_SOURCE_DIR "/scenarios/small-server.json");
-    m_engine.m_folder.write("scenario.json",
-                            scenario.replace(scenario.rfind('}'), std::string::npos, TIMELINE));
+    m_scenario.replace(m_scenario.rfind('}'), std::string::npos, TIMELINE);
     m_mapping.replace(m_mapping.find("SequenceNumber="), std::string::npos, "SequenceNumber=3\n");
 }
 
@@ -80,8 +67,8 @@ void StandardRun::start()
 {
     ral_reset();
     ral_set_notification_sink(noteAlert, this);
-    m_engine.m_folder.write("MarvelAlertMapping.ini", m_mapping);
-    m_engine.loadScenario(m_engine.m_folder.path("scenario.json"));
+    m_engine.writeMapping(m_mapping);
+    m_engine.loadScenarioText(m_scenario);
     m_alerts.clear();
     m_engine.loadPlugin();
     CallChain::findLibraries();
@@ -139,7 +126,7 @@ std::string StandardRun::picture() const
         text << '\n';
     }
     ral_snapshot_destroy(snapshot);
-    return text.str() + m_alerts + m_engine.m_folder.read("MarvelAlertMapping.ini");
+    return text.str() + m_alerts + m_engine.readMapping();
 }
 
 std::string StandardRun::undisturbed()

@@ -39,6 +39,7 @@ class StandardRun
     std::string picture() const;
     static void noteAlert(void* run, const void* object);
 
+    std::string m_scenario;
     std::string m_mapping;
     std::string m_alerts;
 };

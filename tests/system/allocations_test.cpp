@@ -156,7 +156,7 @@ class AllocationsTest : public TestWithParam<Sweep>
 
 TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
 {
-    const TempFolder& folder = m_run.m_engine.m_folder;
+    const TempFolder folder;
     m_fork([&](Outcome&) { folder.write("picture", m_run.undisturbed()); });
     m_run.m_expected = folder.read("picture");
     // Else the sweep would not see what alerts bring.

@@ -1,17 +1,33 @@
-# cmake -DPROGRAM=... -DARGUMENTS="a;b" -DRUNS=n -DGOLDEN=file -DFOLDER=dir [-DUPDATE=ON] -P compare_trace.cmake
-# Runs the host with --trace, RUNS times over one fresh configuration folder, and compares all that it printed
-# with the golden trace. What differs is shown and kept in FOLDER. UPDATE writes the golden trace instead.
+# cmake -DPROGRAM=... -DARGUMENTS="a;b" [-DPOLLS="n;m"] [-DSHOWN=file] -DGOLDEN=file -DFOLDER=dir [-DUPDATE=ON]
+#   -P compare_trace.cmake
+# Runs the host with --trace over a fresh configuration folder, again for each number of polls, and compares all
+# that it printed with the golden trace. Of the log, lines that stand in the golden trace SHOWN as well and those
+# on single properties are left out. What differs is shown and kept in FOLDER. UPDATE writes the golden trace
+# instead.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
 set(trace "")
-foreach(run RANGE 1 ${RUNS})
-  execute_process(COMMAND ${PROGRAM} ${ARGUMENTS} --trace --config ${FOLDER}/config
+if(NOT POLLS)
+  set(POLLS all)
+endif()
+foreach(polls ${POLLS})
+  set(limit --polls ${polls})
+  if(polls STREQUAL "all")
+    set(limit "")
+  endif()
+  execute_process(COMMAND ${PROGRAM} ${ARGUMENTS} ${limit} --trace --config ${FOLDER}/config
     OUTPUT_VARIABLE output RESULT_VARIABLE status ERROR_VARIABLE remarks)
   if(NOT status EQUAL 0)
-    message(FATAL_ERROR "run ${run} ended with ${status}: ${remarks}")
+    message(FATAL_ERROR "the run of ${polls} polls ended with ${status}: ${remarks}")
   endif()
-  string(APPEND trace "run ${run}\n${output}")
+  string(APPEND trace "run of ${polls} polls\n${output}")
 endforeach()
+if(SHOWN)
+  file(WRITE ${FOLDER}/whole.trace "${trace}")
+  execute_process(COMMAND grep ^log ${SHOWN} OUTPUT_FILE ${FOLDER}/shown.trace COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND grep -vxFf ${FOLDER}/shown.trace ${FOLDER}/whole.trace
+    COMMAND grep -ve "^log Property name" -e "^log .*::addProperty" OUTPUT_VARIABLE trace COMMAND_ERROR_IS_FATAL ANY)
+endif()
 
 if(UPDATE)
   file(WRITE ${GOLDEN} "${trace}")

@@ -7,6 +7,8 @@
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 
+#include <sdo.h>
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -39,11 +41,11 @@ class FaultTest : public testing::TestWithParam<FaultCase>
     static void live(Engine& engine)
     {
         engine.loadPlugin();
-        EXPECT_LE(engine.send(20), 1U);
+        EXPECT_LE(engine.send(ZARNEK_CMD_INITIALIZE), 1U);
         engine.discover(0);
         EXPECT_EQ(engine.monitor(), 0U);
-        EXPECT_EQ(engine.send(25), 0U);
-        EXPECT_EQ(engine.send(23), 0U);
+        EXPECT_EQ(engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+        EXPECT_EQ(engine.send(ZARNEK_CMD_TERMINATE), 0U);
         engine.unloadPlugin();
     }
 };
@@ -85,9 +87,9 @@ TEST_P(FaultTest, LeavesNothingBehindAndTheNextRunWorks)
             if (HasFailure())
                 return;
             if (!reached) {
-                EXPECT_EQ(engine.objects(772), 0U);
+                EXPECT_EQ(engine.objects(SDO_OBJTYPE_PHYSICAL_DISK), 0U);
                 live(engine);
-                EXPECT_EQ(engine.objects(772), 2U);
+                EXPECT_EQ(engine.objects(SDO_OBJTYPE_PHYSICAL_DISK), 2U);
                 break;
             }
         }
@@ -139,17 +141,17 @@ TEST_F(StopFaultTest, AThreadThatOutlivesItsStopTouchesNothing)
 {
     m_engine.loadScenario(ZARNEK_SOURCE_DIR "/scenarios/small-server.json");
     m_engine.loadPlugin();
-    ASSERT_EQ(m_engine.send(20), 0U);
+    ASSERT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
     m_engine.discover(0);
     ASSERT_EQ(m_engine.monitor(), 0U);
     // No stop works: the subject is deleted under the sleeping thread, which later wakes and leaves.
     morlan_fail_call("SMThreadStop", 1, 0, 7);
-    EXPECT_EQ(m_engine.send(25), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
     EXPECT_TRUE(m_engine.logged("ZARNEK:Thread::stopThread(): Error code (During stopping the Thread) = 7"));
     EXPECT_EQ(morlan_running_threads(), 1U);
     wakeSleeper();
     EXPECT_EQ(morlan_wait_threads(5000), 0);
-    EXPECT_EQ(m_engine.send(23), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
 }
 
 } // namespace

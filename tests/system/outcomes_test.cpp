@@ -2,6 +2,7 @@
 #include "system/Engine.h"
 
 #include "common/LeaksByDesign.h"
+#include "common/SdoObject.h"
 
 #include "morlan/morlan_inspect.h"
 #include "mvsim/api/mvsim_control.h"
@@ -15,7 +16,6 @@
 #include <gmock/gmock.h>
 
 #include <array>
-#include <cstdint>
 
 using testing::ElementsAre;
 
@@ -23,7 +23,6 @@ namespace
 {
 
 constexpr char SMALL[] = ZARNEK_SOURCE_DIR "/scenarios/small-server.json";
-constexpr char LARGE[] = ZARNEK_SOURCE_DIR "/scenarios/large-server.json";
 
 class OutcomeTest : public testing::Test
 {
@@ -32,60 +31,21 @@ class OutcomeTest : public testing::Test
     std::vector<unsigned int> discovered()
     {
         m_engine.loadPlugin();
-        EXPECT_EQ(m_engine.send(20), 0U);
+        EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
         m_total = m_engine.discover(0);
-        EXPECT_EQ(m_engine.send(25), 0U);
-        EXPECT_EQ(m_engine.send(23), 0U);
+        EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+        EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
         return content();
     }
     std::vector<unsigned int> content() const
     {
-        return {m_engine.objects(769), m_engine.objects(772), m_engine.objects(773), m_engine.links()};
+        return {m_engine.objects(SDO_OBJTYPE_CONTROLLER), m_engine.objects(SDO_OBJTYPE_PHYSICAL_DISK),
+                m_engine.objects(SDO_OBJTYPE_VIRTUAL_DISK), m_engine.links()};
     }
 
     Engine m_engine;
     unsigned int m_total = 0;
 };
-
-TEST_F(OutcomeTest, AControllerThatFailsIsSkippedAndKeepsItsNumber)
-{
-    std::string text = TempFolder::readFile(LARGE);
-    text.insert(text.find("\"slot\""), R"("fail": {"MV_Adapter_Get_OEM_Data": 13}, )");
-    m_engine.loadScenarioText(text);
-    EXPECT_THAT(discovered(), ElementsAre(1U, 24U, 4U, 4U * 24));
-    EXPECT_EQ(m_total, 2U);
-    EXPECT_TRUE(
-        m_engine.logged("ZARNEK:CLibraryInterfaceLayer: mvErrorDisplay() FAILED: ERR_INVALID_ADAPTER_ID "));
-    EXPECT_TRUE(m_engine.logged("ZARNEK: CMarvellController:operator=() - GCN: 1 CNTRLID: 1"));
-}
-
-TEST_F(OutcomeTest, ListsOfUnequalLengthAreNotTrusted)
-{
-    struct Case {
-        const char* call;
-        std::vector<unsigned int> content;
-    };
-    // Disks that no answer fits stay out of the controller: they have no identity. Drives likewise.
-    for (const Case& c : {Case{"MV_PD_GetConfig", {1, 0, 1, 0}}, Case{"MV_LD_GetConfig", {1, 2, 0, 0}}}) {
-        std::string text = TempFolder::readFile(SMALL);
-        text.insert(text.find("\"slot\""),
-                    R"("answers": {")" + std::string(c.call) + R"(": {"count": 0}}, )");
-        m_engine.loadScenarioText(text);
-        EXPECT_EQ(discovered(), c.content) << c.call;
-        ral_reset();
-    }
-}
-
-TEST_F(OutcomeTest, NoVendorLibraryOrNoControllerIsNoFailure)
-{
-    const LeaksByDesign droppedLibraries;
-    for (const char* name : {"libnothing", "", "libmvsim"}) {
-        m_engine.nameVendorLibrary(name);
-        m_engine.loadScenarioText(R"({"format": 1, "name": "empty", "adapters": []})");
-        EXPECT_THAT(discovered(), ElementsAre(0U, 0U, 0U, 0U)) << name;
-        EXPECT_EQ(m_total, 0U);
-    }
-}
 
 // The outcome of a vendor library that lacks one entry point: the discovery's content, and the alert.
 struct MissingEntryPoint {
@@ -118,12 +78,12 @@ TEST_P(MissingEntryPointTest, ReadsAsSuccessWithAnEmptyAnswer)
     ASSERT_EQ(load(ZARNEK_SOURCE_DIR "/scenarios/disk-failure.json", message.data(), message.size()), 0);
 
     m_engine.loadPlugin();
-    EXPECT_EQ(m_engine.send(20), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
     m_engine.discover(0);
     EXPECT_EQ(content(), missing.content);
     EXPECT_EQ(m_engine.monitor(), 0U);
-    EXPECT_EQ(m_engine.send(25), 0U);
-    EXPECT_EQ(m_engine.send(23), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
     m_engine.unloadPlugin();
     EXPECT_EQ(m_engine.alerts().size(), missing.alert ? 1U : 0U);
 
@@ -157,53 +117,25 @@ const MissingEntryPoint MISSING_ENTRY_POINTS[] = {
 INSTANTIATE_TEST_SUITE_P(Symbols, MissingEntryPointTest, testing::ValuesIn(MISSING_ENTRY_POINTS),
                          [](const auto& instance) { return std::string(instance.param.symbol); });
 
-void add(void* object, unsigned int id, std::uint32_t value)
+void* foreignController()
 {
-    ASSERT_EQ(
-        SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_U32, &value, sizeof value, 1),
-        0);
-}
-
-void* foreignController(unsigned int global)
-{
-    void* const object = SMSDOConfigAlloc();
-    add(object, SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER);
-    add(object, SSPROP_VILNUMBER_U32, 4);
-    add(object, SSPROP_GLOBALCONTROLLERNUM_U32, global);
-    const std::uint32_t nexus = SSPROP_GLOBALCONTROLLERNUM_U32;
-    EXPECT_EQ(SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, &nexus, sizeof nexus, 1), 0);
-    return object;
+    return makeObject({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_CONTROLLER},
+                       {SSPROP_VILNUMBER_U32, 4},
+                       {SSPROP_GLOBALCONTROLLERNUM_U32, 0}});
 }
 
 TEST_F(OutcomeTest, ForeignObjectsOfTheSameNumberAreLeftAlone)
 {
-    ASSERT_EQ(RalInsertObject(foreignController(0), nullptr), 0);
+    ASSERT_EQ(RalInsertObject(foreignController(), nullptr), 0);
     m_engine.loadScenario(SMALL);
     EXPECT_THAT(discovered(), ElementsAre(2U, 2U, 1U, 2U));
     EXPECT_TRUE(m_engine.logged("ZARNEK:IController::getControllerObject(): SSPROP_VILNUMBER_U32 is 4"));
     void** list = nullptr;
     unsigned int count = 1;
-    void* const foreign = foreignController(0);
+    void* const foreign = foreignController();
     ASSERT_EQ(RalListAssociatedObjects(foreign, SDO_OBJTYPE_PHYSICAL_DISK, &list, &count), 0);
     EXPECT_EQ(count, 0U) << "disks went under the other layer's controller";
     SMSDOConfigFree(foreign);
-}
-
-TEST_F(OutcomeTest, AFailedInsertionLosesThatObjectAlone)
-{
-    struct Case {
-        unsigned int insertion;
-        std::vector<unsigned int> content;
-    };
-    // The controller; a disk; the virtual disk, whose second insertion makes up for the first.
-    for (const Case& c : {Case{1, {0, 2, 1, 2}}, Case{2, {1, 1, 1, 1}}, Case{4, {1, 2, 1, 0}}}) {
-        m_engine.loadScenario(SMALL);
-        ral_fail_call("RalInsertObject", c.insertion, 1, 77);
-        EXPECT_EQ(discovered(), c.content) << c.insertion;
-        EXPECT_TRUE(m_engine.logged("ZARNEK:stg::SDOProxy::insertIntoDataEngine(): RalInsertObject Failed."));
-        EXPECT_TRUE(m_engine.logged("ZARNEK:ISubSystemManager: insertIntoRAL() Failed"));
-        ral_reset();
-    }
 }
 
 } // namespace

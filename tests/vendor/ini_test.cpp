@@ -2,6 +2,8 @@
 #include "morlan/morlan_inspect.h"
 #include "vendor/IniAccess.h"
 
+#include <zarnek_ini.h>
+
 #include <stdexcept>
 
 namespace
@@ -13,16 +15,15 @@ using IniTest = PluginTest;
 const std::string PATH = "ZARNEK: stg::getVRAXInstallPath()";
 const std::string EMPTY = PATH + ": str is empty.";
 const std::string RESULT = PATH + ": VRAX Install Path: ";
-constexpr char MAPPING[] = "/MarvelAlertMapping.ini";
 
 int found(const std::string& keyword, const std::string& section = "Adapter")
 {
-    return stg::readFromIniFileAgainstKey(MAPPING, section, keyword);
+    return stg::readFromIniFileAgainstKey(INI_ALERT_MAPPING_FILE, section, keyword);
 }
 
 Pairs pairs(bool fromSection, Pairs map = {})
 {
-    EXPECT_EQ(stg::createAlertLookupTable(map, MAPPING, "Adapter", fromSection), 0);
+    EXPECT_EQ(stg::createAlertLookupTable(map, INI_ALERT_MAPPING_FILE, "Adapter", fromSection), 0);
     return map;
 }
 
@@ -81,7 +82,7 @@ TEST_F(IniTest, ReadersShareTheirGrammar)
     EXPECT_EQ(pairs(true, {{7, 100}}), (Pairs{{0, 4}, {7, 100}, {4294967295U, 3}}));
     EXPECT_EQ(found(" se\tquence number\r", " \tAdapter\t "), 4);
     EXPECT_EQ(found("7", "\t Adapter"), -1) << "blanks go first, tabs second";
-    EXPECT_EQ(stg::readFromIniFileAgainstKey(MAPPING, "Adapter", 4294967295U), 3);
+    EXPECT_EQ(stg::readFromIniFileAgainstKey(INI_ALERT_MAPPING_FILE, "Adapter", 4294967295U), 3);
     EXPECT_EQ(stg::readFromIniFileAgainstKey("/", "Adapter", "7"), -1) << "a folder is no endless file";
 }
 
@@ -111,7 +112,7 @@ TEST_F(IniTest, MissingPathsAndFiles)
     for (const bool fromSection : {true, false}) {
         clear();
         Pairs map;
-        EXPECT_EQ(stg::createAlertLookupTable(map, MAPPING, "Adapter", fromSection), -1);
+        EXPECT_EQ(stg::createAlertLookupTable(map, INI_ALERT_MAPPING_FILE, "Adapter", fromSection), -1);
         EXPECT_EQ(messages().back(), std::string("ZARNEK:stg::readAllKeyValueFromIni") +
                                          (fromSection ? "From" : "Except") + "Section()" + noFile);
     }
@@ -119,7 +120,9 @@ TEST_F(IniTest, MissingPathsAndFiles)
 
 TEST_F(IniTest, FailuresOfTheWriter)
 {
-    const auto write = [] { return stg::writeToIniFileAgainstKey(MAPPING, "S", "a b", 4294967295U); };
+    const auto write = [] {
+        return stg::writeToIniFileAgainstKey(INI_ALERT_MAPPING_FILE, "S", "a b", 4294967295U);
+    };
     morlan_fail_call("SMWriteINIPathFileValue", 1, 1, -3);
     EXPECT_EQ(write(), -3);
     EXPECT_EQ(messages().back(),
