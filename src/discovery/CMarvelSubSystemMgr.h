@@ -5,8 +5,8 @@
 
 // The manager of the Marvell family, a singleton: owns the query layer, ties the walk to the Marvell event
 // manager and controller class, fetches a device's controller from the data engine and completes virtual
-// disks. Created and initialised by command 20, destroyed by command 25; nobody may ask for the instance
-// after that.
+// disks. Created and initialised by command 20, destroyed by command 25; until the next 20 nobody may ask
+// for the instance.
 class CMarvelSubSystemMgr : public ISubSystemManager
 {
   public:

@@ -10,7 +10,8 @@ class IVendorLibrary;
 class CSubSystemFactory
 {
   public:
-    // The singleton of that vendor with a new identifier; null for a vendor that the system does not know.
+    // The singleton of that vendor with a new identifier; null for a vendor that the system does not
+    // know, and without memory.
     ISubSystemManager* createSubSystemMgrObj(std::pair<unsigned int, IVendorLibrary*>& entry);
 };
 

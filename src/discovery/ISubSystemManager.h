@@ -63,7 +63,7 @@ class ISubSystemManager
     virtual unsigned int discoverController(unsigned int global, unsigned int controller) = 0;
     // Creates what the manager works with. Always 0.
     virtual unsigned int initialize() = 0;
-    // Completes an object that was inserted already, and inserts it again.
+    // Completes an object that was inserted already, and inserts it again. 0, 1 or the data engine's status.
     virtual unsigned int updateSDOProxyObj(stg::SDOProxy& proxy, unsigned int objectType) = 0;
     // Gives the proxy its controller's object as parent.
     virtual unsigned int createParentSDOProxyObj(stg::SDOProxy& proxy, unsigned int objectType,
@@ -80,14 +80,15 @@ class ISubSystemManager
     // Fills a controller that knows its numbers and inserts it; a failed insertion is not a failure here.
     unsigned int processDiscovery(IController& controller);
     unsigned int insertIntoRAL(stg::SDOProxy& proxy);
-    // Turn model objects into objects of the data engine. The status of the last one decides.
+    // Turn model objects, of which none may be null, into objects of the data engine. The status of the last
+    // one decides.
     unsigned int createSDOProxyObj(IController& controller);
     unsigned int createSDOProxyObj(std::vector<CPhysicalDevice*>& disks);
     unsigned int createSDOProxyObj(CPhysicalDevice& disk);
     unsigned int createSDOProxyObj(std::vector<CVirtualDevice*>& drives);
     unsigned int createSDOProxyObj(CVirtualDevice& drive);
 
-    // The last identifier given to a manager.
+    // The last identifier that a manager was created with.
     static unsigned int m_SubSystemSerialNo;
 
   protected:

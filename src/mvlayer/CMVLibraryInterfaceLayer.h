@@ -50,7 +50,7 @@ class CMVLibraryInterfaceLayer : public ILibraryInterfaceLayer
     short getPhysicalDiskStatus(unsigned int id, unsigned short hdId, _HD_RAID_Status_Request* answer);
     short getPhysicalDiskFreeSpace(unsigned int id, unsigned short hdId, _HD_FreeSpaceInfo_Request* answer);
 
-    // Bytes of the adapter's largest answer; 0 when it cannot be told.
+    // Bytes of the adapter's largest answer; 0 when it cannot be asked, and where a failed call wrote none.
     std::uint32_t getMarvellBufSize(unsigned int cntrlId);
     // Logs one line that names a vendor status.
     void mvErrorDisplay(unsigned int error);
