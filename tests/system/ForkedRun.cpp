@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <stdexcept>
@@ -13,6 +14,8 @@ namespace
 {
 
 constexpr unsigned int TIME_LIMIT = 30;
+// Each run writes the mapping file through to the disk, which takes longer than all the rest.
+const int IN_MEMORY = access("/dev/shm", W_OK) == 0 ? setenv("TMPDIR", "/dev/shm", 0) : 0;
 Outcome* g_outcome = nullptr;
 
 [[noreturn]] void onTerminate()

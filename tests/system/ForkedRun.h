@@ -6,6 +6,14 @@
 
 #include <functional>
 
+// How far apart the places are at which a sweep strikes: once, and for good. A program with sanitizers is
+// slow.
+#ifdef ZARNEK_SANITIZED
+constexpr unsigned int DENSE = 41, SPARSE = 97;
+#else
+constexpr unsigned int DENSE = 1, SPARSE = 17;
+#endif
+
 class ForkedRun
 {
   public:

@@ -4,7 +4,10 @@
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
 
+#include <sdo.h>
 #include <zarnek.h>
+
+#include <gmock/gmock.h>
 
 #include <cstring>
 #include <sstream>
@@ -157,4 +160,23 @@ void StandardRun::disturbed(IFaultPlan& plan, Outcome& outcome)
 
     if (const std::string next = undisturbed(); next != m_expected)
         append(outcome.faults, "the next run left another picture:\n" + next);
+}
+
+void StandardRun::expectUndisturbed(ForkedRun& fork)
+{
+    const TempFolder folder;
+    fork([&](Outcome&) { folder.write("picture", undisturbed()); });
+    m_expected = folder.read("picture");
+    EXPECT_THAT(m_expected, testing::ContainsRegex("(alert[^\n]*\n){4}; Alert numbers"));
+}
+
+void StandardRun::expectOwnAnswer(const Answer& answer)
+{
+    SCOPED_TRACE("command " + std::to_string(answer.command));
+    const bool initialises = answer.command == ZARNEK_CMD_INITIALIZE;
+    EXPECT_LE(answer.status, initialises ? ZARNEK_STATUS_FAILED : ZARNEK_STATUS_DONE);
+    const bool done = answer.thrown == Thrown::Nothing && answer.status == ZARNEK_STATUS_DONE;
+    const unsigned int wanted = initialises && done ? SDO_VIL_NUMBER : 0;
+    EXPECT_TRUE(answer.value == wanted || (answer.command == ZARNEK_CMD_DISCOVER && answer.value == 1))
+        << answer.value;
 }

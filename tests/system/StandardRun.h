@@ -3,7 +3,7 @@
 #define ZARNEK_TESTS_STANDARDRUN_H
 
 #include "system/Engine.h"
-#include "system/Outcome.h"
+#include "system/ForkedRun.h"
 
 // What goes wrong in a run.
 class IFaultPlan
@@ -24,21 +24,23 @@ class StandardRun
     StandardRun();
 
     void disturbed(IFaultPlan& plan, Outcome& outcome);
+    // Learns from a run of its own what the second life has to leave; demands that alerts are part of it.
+    void expectUndisturbed(ForkedRun& fork);
+    // An answer that is the command's own: its status, and what it wrote.
+    static void expectOwnAnswer(const Answer& answer);
+
+  private:
     // What a life without faults leaves: all objects in the data engine, the alerts that came, and the
     // mapping file.
     std::string undisturbed();
-    // What the second life has to leave.
-    std::string m_expected;
-
-    Engine m_engine;
-
-  private:
     void start();
     void command(unsigned int number, Outcome& outcome);
     void live(Outcome& outcome);
     std::string picture() const;
     static void noteAlert(void* run, const void* object);
 
+    Engine m_engine;
+    std::string m_expected;
     std::string m_scenario;
     std::string m_mapping;
     std::string m_alerts;

@@ -1,9 +1,7 @@
 // Each allocation of the plug-in fails in its turn, once and for good, in a life of the plug-in from load to
 // unload. What may come of it stands in the tables below; anything else is a fault.
 #include "system/AllocationFaults.h"
-#include "system/ForkedRun.h"
 
-#include <sdo.h>
 #include <zarnek.h>
 
 #include <gmock/gmock.h>
@@ -18,9 +16,6 @@ using namespace testing;
 
 namespace
 {
-
-// Each run writes the mapping file through to the disk, which takes longer than all the rest.
-const int IN_MEMORY = setenv("TMPDIR", "/dev/shm", 0);
 
 // What may come of a failed allocation.
 enum class What { Throws, Crashes, Terminates, Loses };
@@ -83,11 +78,7 @@ struct Sweep {
     bool forGood;
     unsigned int stride;
 };
-#ifdef ZARNEK_SANITIZED
-const Sweep SWEEPS[] = {{"Once", false, 41}, {"ForGood", true, 97}};
-#else
-const Sweep SWEEPS[] = {{"Once", false, 1}, {"ForGood", true, 17}};
-#endif
+const Sweep SWEEPS[] = {{"Once", false, DENSE}, {"ForGood", true, SPARSE}};
 
 void PrintTo(const Sweep& sweep, std::ostream* stream)
 {
@@ -121,17 +112,10 @@ class AllocationsTest : public TestWithParam<Sweep>
             return expectDesign(What::Crashes, last.command, chains, "crashed");
         }
         for (const Answer& answer : outcome.answers) {
-            SCOPED_TRACE("command " + std::to_string(answer.command));
             EXPECT_NE(answer.thrown, Thrown::Other);
             if (answer.thrown == Thrown::BadAlloc)
                 expectDesign(What::Throws, answer.command, m_names.text(answer.struck), "threw");
-            const bool initialises = answer.command == ZARNEK_CMD_INITIALIZE;
-            EXPECT_LE(answer.status, initialises ? ZARNEK_STATUS_FAILED : ZARNEK_STATUS_DONE);
-            const bool done = answer.thrown == Thrown::Nothing && answer.status == ZARNEK_STATUS_DONE;
-            const unsigned int wanted = initialises && done ? SDO_VIL_NUMBER : 0;
-            EXPECT_TRUE(answer.value == wanted ||
-                        (answer.command == ZARNEK_CMD_DISCOVER && answer.value == 1))
-                << answer.value;
+            StandardRun::expectOwnAnswer(answer);
         }
         for (unsigned int i = 0; i < std::min(outcome.losses, Outcome::LOST); ++i)
             expectDesign(What::Loses, last.command, m_names.text(outcome.lost[i]), "lost a piece of memory");
@@ -156,11 +140,7 @@ class AllocationsTest : public TestWithParam<Sweep>
 
 TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
 {
-    const TempFolder folder;
-    m_fork([&](Outcome&) { folder.write("picture", m_run.undisturbed()); });
-    m_run.m_expected = folder.read("picture");
-    // Else the sweep would not see what alerts bring.
-    ASSERT_THAT(m_run.m_expected, ContainsRegex("(alert[^\n]*\n){4}; Alert numbers"));
+    m_run.expectUndisturbed(m_fork);
     const Outcome whole = run(0);
     judge(whole);
     m_figures.clear();

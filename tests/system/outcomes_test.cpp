@@ -138,4 +138,21 @@ TEST_F(OutcomeTest, ForeignObjectsOfTheSameNumberAreLeftAlone)
     SMSDOConfigFree(foreign);
 }
 
+TEST_F(OutcomeTest, AThreadThatOutlivesItsStopTouchesNothing)
+{
+    m_engine.loadScenario(SMALL);
+    m_engine.loadPlugin();
+    ASSERT_EQ(m_engine.send(ZARNEK_CMD_INITIALIZE), 0U);
+    m_engine.discover(0);
+    ASSERT_EQ(m_engine.monitor(), 0U);
+    // No stop works: the subject is deleted under the sleeping thread, which later wakes and leaves.
+    morlan_fail_call("SMThreadStop", 1, 0, 7);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_STOP_MONITORING), 0U);
+    EXPECT_TRUE(m_engine.logged("ZARNEK:Thread::stopThread(): Error code (During stopping the Thread) = 7"));
+    EXPECT_EQ(morlan_running_threads(), 1U);
+    wakeSleeper();
+    EXPECT_EQ(morlan_wait_threads(5000), 0);
+    EXPECT_EQ(m_engine.send(ZARNEK_CMD_TERMINATE), 0U);
+}
+
 } // namespace

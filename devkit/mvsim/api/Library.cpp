@@ -5,7 +5,14 @@
 namespace mvsim
 {
 
-Library::Library() : simulator(&environmentSource) {}
+Library::Library()
+    : simulator(&environmentSource), faults({
+#define MVSIM_CAN_FAIL(symbol, arguments) {#symbol, true},
+                                         MV_API_LIST(MVSIM_CAN_FAIL)
+#undef MVSIM_CAN_FAIL
+                                     })
+{
+}
 
 Library& Library::instance()
 {

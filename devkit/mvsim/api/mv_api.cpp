@@ -2,6 +2,7 @@
 // border, and reports one line.
 #include "mvsim/api/Library.h"
 
+#include <optional>
 #include <string>
 
 #define MVSIM_DECLARE(symbol, arguments) extern "C" DEVKIT_EXPORT unsigned int symbol arguments;
@@ -23,7 +24,8 @@ unsigned int call(EntryPoint entry, Run run, Arguments arguments, Remark remark)
 {
     unsigned int result = MV_ERR_FAIL;
     try {
-        result = run(Library::instance().simulator);
+        const std::optional<int> planned = Library::instance().faults.enter(nameOf(entry));
+        result = planned ? static_cast<unsigned int>(*planned) : run(Library::instance().simulator);
         auto& sink = Library::instance().callSink;
         if (sink.isSet()) {
             const std::string line = std::string(nameOf(entry)) + "(" + arguments() +

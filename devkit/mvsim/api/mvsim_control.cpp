@@ -74,6 +74,22 @@ void mvsim_reset(void)
     Library& library = Library::instance();
     library.callSink.set(nullptr, nullptr);
     library.eventSink.set(nullptr, nullptr);
+    library.faults.reset();
     library.simulator.setSequenceBase(0);
     library.simulator.play(nullptr);
+}
+
+int mvsim_fail_call(const char* call, unsigned int nth, unsigned int count, int status)
+{
+    return Library::instance().faults.plan(call, nth, count, status) ? 0 : 1;
+}
+
+void mvsim_clear_faults(void)
+{
+    Library::instance().faults.clearFaults();
+}
+
+unsigned int mvsim_call_count(const char* call)
+{
+    return Library::instance().faults.calls(call);
 }

@@ -51,8 +51,15 @@ DEVKIT_EXPORT unsigned int mvsim_polls(void);
 // The last poll number at which the scenario's timeline does anything; 0 without a timeline.
 DEVKIT_EXPORT unsigned int mvsim_last_poll(void);
 
-// No adapters, no sinks, no sequence base, poll 0. The environment is not asked any more.
+// No adapters, no sinks, no sequence base, no planned failures, no counted calls, poll 0. The environment is
+// not asked any more.
 DEVKIT_EXPORT void mvsim_reset(void);
+
+// Planned failures, as morlan_fail_call of morlan_inspect.h, for each entry point: a failing call does
+// nothing and returns `status`.
+DEVKIT_EXPORT int mvsim_fail_call(const char* call, unsigned int nth, unsigned int count, int status);
+DEVKIT_EXPORT void mvsim_clear_faults(void);
+DEVKIT_EXPORT unsigned int mvsim_call_count(const char* call);
 
 #ifdef __cplusplus
 }
