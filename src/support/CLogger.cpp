@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <locale>
+#include <mutex>
 #include <new>
 #include <utility>
 
@@ -14,21 +15,47 @@ namespace stg
 
 CLogger lout;
 
+namespace
+{
+
+// Held for one insertion or the taking of one line, never for a line, and never while DebugPrint runs.
+std::mutex g_composing;
+
+} // namespace
+
 CLogger::CLogger() : m_stream(std::ios_base::out | std::ios_base::ate)
 {
     m_stream.imbue(std::locale::classic()); // numbers look the same whatever locale the host has set
 }
 
-void CLogger::writeLog(std::string text)
+bool CLogger::takeLine(std::string& line)
 {
+    bool taken = true;
     try {
-        if (text.empty())
-            text = m_stream.str();
-        DebugPrint(text.c_str());
+        line = m_stream.str();
     } catch (const std::bad_alloc&) { // no memory for the line: it is lost, the process is not
+        taken = false;
     }
+    dropLine();
+    return taken;
+}
+
+void CLogger::dropLine()
+{
     m_stream.clear();
     m_stream.str(std::string());
+}
+
+void CLogger::writeLog(std::string text)
+{
+    {
+        const std::lock_guard<std::mutex> lock(g_composing);
+        if (!text.empty())
+            dropLine();
+        else if (!takeLine(text))
+            return;
+    }
+    DebugPrint(text.c_str());
 }
 
 std::size_t CLogger::lineSize() const
@@ -37,12 +64,28 @@ std::size_t CLogger::lineSize() const
     return static_cast<std::size_t>(std::max<std::streamoff>(position, 0));
 }
 
+void CLogger::writeLineFrom(std::size_t size)
+{
+    std::string line;
+    {
+        const std::lock_guard<std::mutex> lock(g_composing);
+        if (lineSize() < size || !takeLine(line))
+            return;
+    }
+    DebugPrint(line.c_str());
+}
+
 template <class Value>
 CLogger& CLogger::insert(const Value& value)
 {
-    m_stream << value;
-    if (lineSize() >= BUFFER_LIMIT)
-        writeLog(std::string());
+    std::size_t size = 0;
+    {
+        const std::lock_guard<std::mutex> lock(g_composing);
+        m_stream << value;
+        size = lineSize();
+    }
+    if (size >= BUFFER_LIMIT)
+        writeLineFrom(BUFFER_LIMIT);
     return *this;
 }
 
@@ -95,8 +138,7 @@ CLogger& CLogger::operator<<(char value)
 {
     if (value != '\n')
         return insert(value);
-    if (lineSize() != 0)
-        writeLog(std::string());
+    writeLineFrom(1);
     return *this;
 }
 

@@ -10,9 +10,11 @@ namespace stg
 // The one logging facility: a stream front end to the platform's DebugPrint. Text is composed by chained
 // insertions and goes out as one line when the character '\n' is inserted; there is no level and no switch.
 //
-// One instance, stg::lout, serves all threads and takes no lock: lines of different threads can interleave,
-// and writeLog on one thread discards a line that another is composing. For the same reason a chain must not
-// call a function that logs: fetch values first, then compose.
+// One instance, stg::lout, serves all threads. Each insertion and each taking of a finished line is one step
+// that no other thread sees half done, so memory is safe whatever threads do; a line is not: lines of
+// different threads can interleave, and writeLog on one thread discards a line that another is composing. For
+// the same reason a chain must not call a function that logs: fetch values first, then compose. DebugPrint is
+// called outside of these steps, and may be called from several threads at once.
 class CLogger
 {
   public:
@@ -51,8 +53,12 @@ class CLogger
   private:
     template <class Value>
     CLogger& insert(const Value& value);
-    // Bytes composed so far.
+    // Hands the composed line to DebugPrint if it has so many bytes.
+    void writeLineFrom(std::size_t size);
+    // Bytes composed so far; the composed line, false without memory for it; its end. Under the lock.
     std::size_t lineSize() const;
+    bool takeLine(std::string& line);
+    void dropLine();
 
     std::ostringstream m_stream;
 };
