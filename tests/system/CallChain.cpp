@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <regex>
 
 namespace
 {
@@ -67,6 +66,14 @@ _Unwind_Reason_Code noteFrame(_Unwind_Context* context, void* argument)
     return walk.chain.size < walk.depth ? _URC_NO_REASON : _URC_END_OF_STACK;
 }
 
+// Functions that are inlined from its headers, too.
+bool isOfCxxLibrary(const std::string& line)
+{
+    const std::string inlined = " (inlined by) ";
+    const std::size_t name = line.compare(0, inlined.size(), inlined) == 0 ? inlined.size() : 0;
+    return line.substr(name, line.find('(', name) - name).find("std::") != std::string::npos;
+}
+
 } // namespace
 
 void CallChain::findLibraries()
@@ -103,7 +110,6 @@ void FunctionNames::find()
                                 " >" + folder.path("names");
     if (m_names.empty() || std::system(command.c_str()) != 0)
         return;
-    const std::regex cxxLibrary(R"(^( \(inlined by\) )?[^(]*std::)"); // inlined from its headers
     std::ifstream names(folder.path("names"));
     std::string* current = nullptr;
     for (std::string line; std::getline(names, line);) {
@@ -111,7 +117,7 @@ void FunctionNames::find()
             current = &m_names[static_cast<std::uint32_t>(std::stoul(line, nullptr, 16))];
             line.erase(0, line.find(' ') + 1);
         }
-        if (current != nullptr && !std::regex_search(line, cxxLibrary))
+        if (current != nullptr && !isOfCxxLibrary(line))
             *current += "    " + line + '\n';
     }
 }
