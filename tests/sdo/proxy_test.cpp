@@ -226,24 +226,18 @@ TEST_F(SDOProxyEngineTest, LinksOneObjectOrAllOfAList)
 {
     // How many links it takes to link the virtual disk with disks.
     const auto links = [this](unsigned int id, stg::OBJECT_RELATION relation, int result) {
-        clear();
         const unsigned int before = ral_call_count("RalLinkObjects");
         EXPECT_EQ(m_proxy.createLinkBetween(m_above, SDO_OBJTYPE_PHYSICAL_DISK, relation, id), result);
         return ral_call_count("RalLinkObjects") - before;
     };
-    const std::string failure = PROXY + "createChildLinkWith(): Failed to ";
-    const std::string noLink = failure + "create link with its Child";
-    const std::string diskAbove = "RalLinkObjects(" + std::to_string(SDO_OBJTYPE_PHYSICAL_DISK);
     EXPECT_EQ(links(stg::NUMBER_UNKNOWN, stg::RELATION_PARENT, 0), 2U);
-    EXPECT_THAT(trace(), Contains(HasSubstr(diskAbove)).Times(2));
+    EXPECT_THAT(trace(),
+                Contains(HasSubstr("RalLinkObjects(" + std::to_string(SDO_OBJTYPE_PHYSICAL_DISK))).Times(2));
     ral_fail_call("RalLinkObjects", 1, 1, 1);
     EXPECT_EQ(links(stg::NUMBER_UNKNOWN, stg::RELATION_CHILD, 0), 2U);
-    EXPECT_THAT(messages(), ElementsAre(noLink + " (From else part)."));
     EXPECT_EQ(links(6, stg::RELATION_CHILD, 0), 1U);
-    EXPECT_THAT(messages(), ElementsAre(failure + "retrieve device ID."));
     ral_fail_call("RalLinkObjects", 1, 1, 1);
     EXPECT_EQ(links(5, stg::RELATION_CHILD, 1), 1U);
-    EXPECT_THAT(messages(), ElementsAre(noLink + "."));
 }
 
 TEST_F(SDOProxyEngineTest, FetchesObjectsByTheirKeys)
@@ -253,13 +247,8 @@ TEST_F(SDOProxyEngineTest, FetchesObjectsByTheirKeys)
         stg::SDOProxy owner, borrower(m_above);
         clear();
         EXPECT_EQ(owner.retrieveSingleSDOObject(object) != nullptr, found);
-        EXPECT_THAT(messages(), Contains(HasSubstr("missing. Not able")).Times(missingKey.empty() ? 0 : 1));
         EXPECT_THAT(messages(), Contains(HasSubstr(missingKey)));
-        EXPECT_THAT(log().back(), found ? EndsWith(" EXIT ") : EndsWith(" Object from Data Engine."));
-        clear();
         EXPECT_EQ(borrower.retrieveSingleSDOObject(object), nullptr);
-        EXPECT_THAT(messages(),
-                    Contains(HasSubstr("pointing somewhere else")).Times(missingKey.empty() ? 1 : 0));
     };
     IController controller;
     expect(controller, "GlobalControllerNumber", false);
@@ -281,13 +270,6 @@ TEST_F(SDOProxyEngineTest, FetchesObjectsByTheirKeys)
 
 TEST_F(SDOProxyEngineTest, ReadsModelObjectsBack)
 {
-    CPhysicalDevice disk;
-    disk.setGlobalCntrlNum(0);
-    disk.setDevID(6);
-    *disk.getPdSpecificAttrib() = {"m_pdSlotNum", "m_pdState"};
-    EXPECT_EQ(m_proxy.retrieveObjectFromSDO(disk), 0U);
-    EXPECT_EQ(disk.getSlotNum(), 2U);
-    EXPECT_EQ(disk.getPdAttribValueMap()->count("m_pdState"), 0U) << "the object has none";
     CMarvellController controller;
     controller.setGlobalControllerNumber(0);
     EXPECT_EQ(m_proxy.retrieveObjectFromSDO(controller), 0U);
