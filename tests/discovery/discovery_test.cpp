@@ -245,6 +245,7 @@ TEST_F(WalkTest, FailuresOfTheDataEngineStopNothing)
                   {m_controller, m_disk, {DRIVE, 2, 0, {1}, SDO_BUS_SATA}},
                   {" insertIntoRAL() Failed"}},
              Case{"RalListAssociatedObjects", 3, 0, 1, with({DRIVE}), {noDisk}},
+             Case{"RalListAssociatedObjects", 4, 0, 1, with({DRIVE, 2, 0, {}, SAS, SSD}), {noLink}},
              Case{"RalListAssociatedObjects", 5, 0, 1, with(bare), {noDisk, outdated}},
              Case{"RalListAssociatedObjects", 5, 0, 2, with(bare), {noDisk}},
              Case{"RalLinkObjects", 2, 0, 1, with({DRIVE, 2, 0, {1}, SAS, SSD}), {noLink}},

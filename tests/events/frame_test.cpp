@@ -27,7 +27,7 @@ struct Subject : IEvtSubject {
 // A place where an observer could be; the frame only points at it.
 IEvtObserver* observerAt(unsigned int index)
 {
-    static unsigned char places[3];
+    static unsigned char places[2];
     return reinterpret_cast<IEvtObserver*>(&places[index]);
 }
 

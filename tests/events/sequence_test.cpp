@@ -23,6 +23,7 @@ TEST_F(EventSequenceTest, WritesANumberThatGrewAndNoOther)
     for (const Case& c :
          {Case{hundred, hundred, 99, 100, 0, false}, Case{hundred, key + "150\n", 150, 100, 0, true},
           Case{hundred, key + "4294967295\n", 0xFFFFFFFF, 100, 0, false},
+          Case{hundred, hundred, 150, 100, 5, false},
           Case{hundred, hundred, 150, 100, 0x10000, true}, // the low half counts
           Case{"[Adapter]\nSequenceNumber=3\n", "[Adapter]\nSequenceNumber=3\n", 5, 0xFFFFFFFF, 0, false}}) {
         writeMapping(c.file);

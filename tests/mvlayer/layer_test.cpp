@@ -217,6 +217,7 @@ TEST_F(LayerTest, FillsDevicesFromListsThatFitTogether)
           Case{&T::drives, "1111", claims(4, "LD_GetInfo", "LD_GetConfig"), {ok, v1, v2, v, v}, 1},
           Case{&T::controller, "", rom, {ok, {3, 100, 11}}},
           Case{&T::controller, "", R"(, "rom": [65535, 65535, 65535, 65535])", {ok, {3, 50, 19}}},
+          Case{&T::controller, "", rom + fails("Adapter_GetInfo"), {ok, {0, 100, 11}}},
           Case{&T::controller, "", rom + fails("Adapter_GetConfig"), {ok, {3, 50, 11}}},
           Case{&T::controller, "", rom + fails("Adapter_Get_OEM_Data"), {{5}, {3, 100, 0}}}}) {
         play(devices + c.rules, c.maxBufferKB);

@@ -113,6 +113,8 @@ TEST_F(SDOProxyTest, TextsNexusAndNestedObjectsAndWhatIsRefused)
         EXPECT_EQ(sent(2), Sent(SDO_TYPE_ASTRING, kept));
         EXPECT_EQ(read(2, stg::SDO_CODE_ASTRING, "text", 256), kept + std::string(256 - kept.size(), '\0'));
     }
+    read(9, stg::SDO_CODE_ASTRING, "absent", 1);
+    EXPECT_STREQ(static_cast<char*>(m_values["text"]), "") << "emptied ahead of the read";
     std::vector<unsigned int> nexus = {SSPROP_GLOBALCONTROLLERNUM_U32, 4294967295U};
     void* const nested = SMSDOConfigAlloc();
     clear();
