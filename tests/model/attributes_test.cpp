@@ -9,6 +9,8 @@
 #include <list>
 #include <sstream>
 
+using testing::ElementsAre, testing::Key, testing::Pair;
+
 namespace
 {
 
@@ -136,6 +138,28 @@ TEST_F(AttributeTest, TablesCopiesAndAssignmentsHaveThemAll)
     checkAttributes<CControl_Notify>("CControl_Notify", CControl_Notify::getAttribNameAndType(), valuesOf);
 }
 
+TEST_F(AttributeTest, EntriesStayUntilTheyAreRemoved)
+{
+    int one = 1, two = 2;
+    IController controller;
+    for (int* const value : {&one, &two}) {
+        for (const char* const name : {"b", "Z"}) {
+            controller.insertIntoAttribValMap(name, value); // the first stays
+        }
+    }
+    controller.updateAttribValMap("b", &two);
+    controller.updateAttribValMap("null", nullptr);
+    controller.deleteFromMap("null");
+    EXPECT_THAT(*controller.getAttribValueMap(),
+                ElementsAre(Pair("Z", &one), Pair("b", &two), Pair("null", nullptr)));
+    controller.updateAttribValMap("null", &one);
+    controller.clearMap();
+    CPhysicalDevice disk;
+    disk.setSlotNum(3);
+    disk.clearMap();
+    EXPECT_EQ(controller.getAttribValueMap()->size() + disk.getPdAttribValueMap()->size(), 0U);
+}
+
 TEST_F(AttributeTest, AFlagIsOneByteAndTwoAttributesOfADiskAreLeftOutOfCopies)
 {
     unsigned int number = 0xFFFFFF06, flag = 0xFFFFFF01;
@@ -143,7 +167,7 @@ TEST_F(AttributeTest, AFlagIsOneByteAndTwoAttributesOfADiskAreLeftOutOfCopies)
     CMarvellController controller;
     controller = given;
     EXPECT_TRUE(controller.getAlarmState());
-    EXPECT_THAT(*controller.getAttribValueMap(), testing::ElementsAre(testing::Key("m_bAlarmState")));
+    EXPECT_THAT(*controller.getAttribValueMap(), ElementsAre(Key("m_bAlarmState")));
 
     given = {{"m_pdFailurePredicted", &number}, {"m_pdEncryptionCap", &number}};
     CPhysicalDevice disk;

@@ -8,7 +8,6 @@
 #include <stdexcept>
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace
 {
@@ -29,24 +28,15 @@ TEST_F(LoggerTest, ComposesALineFromEveryOperand)
                 ElementsAre("text string wide\x41 -5 -6 4294967295 65535 7 18446744073709551615 10 \x08|"));
 }
 
-TEST_F(LoggerTest, LineEndsAndDirectWrites)
+TEST_F(LoggerTest, WritesALineAtItsEndOrAtTheBuffersLimit)
 {
+    const std::string almost(stg::CLogger::BUFFER_LIMIT - 1, 'x');
     m_logger << '\n'; // an empty line is not written
-    m_logger << "line feed\nin a text" << '\n';
     m_logger << "lost";
     m_logger.writeLog("written at once");
     m_logger << '\n';
-    m_logger.writeLog("");
-    EXPECT_THAT(log(), ElementsAre("line feed\nin a text", "written at once", ""));
-}
-
-TEST_F(LoggerTest, EmitsTheBufferAtItsLimit)
-{
-    const std::string almost(stg::CLogger::BUFFER_LIMIT - 1, 'x');
-    m_logger << almost;
-    EXPECT_THAT(log(), IsEmpty());
-    m_logger << 'y' << "rest" << '\n';
-    EXPECT_THAT(log(), ElementsAre(almost + 'y', "rest"));
+    m_logger << almost << 'y' << "rest" << '\n';
+    EXPECT_THAT(log(), ElementsAre("written at once", almost + 'y', "rest"));
 }
 
 TEST_F(LoggerTest, FramesABodyButNotOneLeftByAnException)
@@ -69,40 +59,14 @@ using CriticalSectionTest = PluginTest;
 
 TEST_F(CriticalSectionTest, MakesTheMutexOnceAndAgainAfterItsEnd)
 {
-    {
-        const CCriticalSection first;
+    for (const unsigned int made : {1U, 1U, 2U}) {
+        if (made == 2) {
+            CCriticalSection::destroyMutex();
+        }
+        const CCriticalSection section;
+        EXPECT_EQ(morlan_call_count("SMMutexCreate"), made);
     }
-    {
-        const CCriticalSection second;
-    }
-    EXPECT_EQ(morlan_call_count("SMMutexCreate"), 1U);
-    EXPECT_EQ(morlan_call_count("SMMutexLock"), 2U);
-    EXPECT_EQ(morlan_call_count("SMMutexUnLock"), 2U);
-    EXPECT_THAT(
-        log(), ElementsAre("ZARNEK:CCriticalSection::createMutex(): ZARNEK Mutex got created successfully."));
-
-    CCriticalSection::destroyMutex();
-    EXPECT_FALSE(CCriticalSection::isZarnekMutex);
-    EXPECT_EQ(morlan_live_mutexes(), 0U);
-    {
-        const CCriticalSection third;
-    }
-    EXPECT_EQ(morlan_call_count("SMMutexCreate"), 2U);
-}
-
-TEST_F(CriticalSectionTest, TriesAgainAfterAFailedCreation)
-{
-    CCriticalSection::isZarnekMutex = false;
-    morlan_fail_call("SMMutexCreate", 1, 1, 1);
-    {
-        const CCriticalSection failed;
-    }
-    EXPECT_FALSE(CCriticalSection::isZarnekMutex);
-    EXPECT_THAT(log(), IsEmpty());
-    {
-        const CCriticalSection made;
-    }
-    EXPECT_TRUE(CCriticalSection::isZarnekMutex);
+    EXPECT_EQ(morlan_call_count("SMMutexUnLock"), 3U);
 }
 
 TEST(TextToolsTest, TrimsBlanksThenTabsOnceEach)
@@ -111,8 +75,7 @@ TEST(TextToolsTest, TrimsBlanksThenTabsOnceEach)
         std::string text, trimmed;
     };
     for (const Case& c :
-         {Case{"  x y  ", "x y"}, Case{"\tx\t", "x"}, Case{"\t x", " x"}, Case{" \tx\t ", "x"},
-          Case{"   ", ""}, Case{" \t ", ""}, Case{"", ""}, Case{"\r\n", "\r\n"}}) {
+         {Case{"\t x", " x"}, Case{" \tx y\t ", "x y"}, Case{" \t ", ""}, Case{"\r\n", "\r\n"}}) {
         std::string text = c.text;
         EXPECT_EQ(stg::removeBeginingAndTrailingSpaces(text), c.trimmed);
         EXPECT_EQ(text, c.trimmed) << "in place";
@@ -126,12 +89,8 @@ TEST(TextToolsTest, ReadsNumbersAsA32BitLibraryDoes)
         unsigned int asUnsigned;
         int asSigned;
     };
-    for (const Case& c : {Case{"9", 9, 9}, Case{"", 0, 0}, Case{"x", 0, 0}, Case{"12x", 12, 12},
-                          Case{"4294967295", 0xFFFFFFFFU, 0x7FFFFFFF},
-                          Case{"4294967305", 0xFFFFFFFFU, 0x7FFFFFFF}, Case{"-1", 0xFFFFFFFFU, -1},
-                          Case{"-5", 4294967291U, -5}, Case{"99999999999999999999", 0xFFFFFFFFU, 0x7FFFFFFF},
-                          Case{"-5000000000", 0xFFFFFFFFU, -0x7FFFFFFF - 1},
-                          Case{"-99999999999999999999", 0xFFFFFFFFU, -0x7FFFFFFF - 1}}) {
+    for (const Case& c : {Case{"", 0, 0}, Case{"12x", 12, 12}, Case{"4294967305", 0xFFFFFFFFU, 0x7FFFFFFF},
+                          Case{"-5", 4294967291U, -5}, Case{"-5000000000", 0xFFFFFFFFU, -0x7FFFFFFF - 1}}) {
         EXPECT_EQ(stg::toUnsigned32(c.text), c.asUnsigned) << c.text;
         EXPECT_EQ(stg::toSigned32(c.text), c.asSigned) << c.text;
     }
