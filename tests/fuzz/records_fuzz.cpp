@@ -1,21 +1,17 @@
 // Any bytes as records of the vendor library: into model objects and alerts, and from there into the data
 // engine.
+#include "common/SdoObject.h"
 #include "events/CMarvelAlert.h"
 #include "events/CMarvelEvtObserver.h"
 #include "fuzz/demand.h"
 #include "model/CMarvelPhysicalDevice.h"
 #include "model/CMarvelVirtualDevice.h"
 #include "model/CMarvellController.h"
-#include "morlan/morlan_inspect.h"
 #include "mvlayer/Binders.h"
 #include "ral/ral_inspect.h"
 #include "sdo/SDOProxy.h"
 
-#include <sdo.h>
-
 #include <fuzzer/FuzzedDataProvider.h>
-
-#include <cstring>
 
 namespace
 {
@@ -40,15 +36,11 @@ class Taken
 
 void checkTexts(const void* object)
 {
-    unsigned short id = 0;
-    unsigned char type = 0;
-    const void* value = nullptr;
-    unsigned int size = 0;
-    for (unsigned int index = 0; morlan_sdo_property_at(object, index, &id, &type, &value, &size) == 0;
-         ++index) {
-        demand(type != SDO_TYPE_ASTRING || std::memchr(value, 0, size) != nullptr, "texts are terminated");
-        if (type == SDO_TYPE_SDOCONFIG)
-            checkTexts(value);
+    for (const SdoProperty& property : propertiesOf(object)) {
+        demand(property.type != SDO_TYPE_ASTRING || std::memchr(property.value, 0, property.size) != nullptr,
+               "texts are terminated");
+        if (property.type == SDO_TYPE_SDOCONFIG)
+            checkTexts(property.value);
     }
 }
 
