@@ -127,6 +127,8 @@ class LiveTest : public SimTest
         }
         EXPECT_EQ(told, story);
     }
+
+    TempFolder m_folder;
 };
 
 TEST_F(LiveTest, DisksFromEveryPlace)

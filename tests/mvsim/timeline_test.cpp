@@ -13,7 +13,7 @@ using TimelineTest = SimTest;
 
 TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
 {
-    loadFile("steps.json");
+    loadScenario(scenarioFile("steps.json"));
     poll();
     poll();
     const auto drive = list(&MV_LD_GetInfo).entry<_LD_Info>(0);
@@ -35,7 +35,7 @@ TEST_F(TimelineTest, StepsChangeDevicesAtTheirPoll)
 
 TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
 {
-    loadFile("two-adapters.json");
+    loadScenario(scenarioFile("two-adapters.json"));
     std::vector<std::string> seen;
     mvsim_set_event_sink(
         [](void* context, const mvsim_event* event) {
@@ -61,7 +61,7 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
 
 TEST_F(TimelineTest, EventsBeyondFiftyWait)
 {
-    loadFile("burst.json");
+    loadScenario(scenarioFile("burst.json"));
     EXPECT_EQ(poll().size(), 50U);
     const auto second = poll();
     ASSERT_EQ(second.size(), 50U);
@@ -70,7 +70,7 @@ TEST_F(TimelineTest, EventsBeyondFiftyWait)
     EXPECT_EQ(poll().back(), "105: virtualDiskDegraded 1");
     EXPECT_THAT(poll(), IsEmpty());
 
-    loadFile("burst.json");
+    loadScenario(scenarioFile("burst.json"));
     EXPECT_EQ(poll(0, 7).size(), 7U) << "never more than the caller has room for";
     EXPECT_EQ(MV_EVT_FlushEvent(0), 0U);
     EXPECT_EQ(poll().size(), 35U) << "what waited is gone";
@@ -93,7 +93,7 @@ TEST_F(TimelineTest, SequenceNumbers)
 
 TEST_F(TimelineTest, RulesComeAndGo)
 {
-    loadFile("rules.json");
+    loadScenario(scenarioFile("rules.json"));
     EXPECT_EQ(mvsim_last_poll(), 8U) << "the end of the last failure counts";
     poll();
     EXPECT_EQ(configStatus(), 9U);
@@ -112,6 +112,14 @@ TEST_F(TimelineTest, RulesComeAndGo)
     EXPECT_THAT(poll(), ElementsAre("1: controllerWarning 0")) << "the event waited";
     poll();
     EXPECT_THAT(diskIds(), ElementsAre(1));
+}
+
+TEST_F(TimelineTest, DescribedExampleLoads)
+{
+    const std::string description = TempFolder::readFile(ZARNEK_SOURCE_DIR "/docs/scenario-format.md");
+    const std::size_t start = description.find("```json\n") + 8;
+    loadScenarioText(description.substr(start, description.find("```", start) - start));
+    EXPECT_EQ(mvsim_last_poll(), 4U);
 }
 
 } // namespace
