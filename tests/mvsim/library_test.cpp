@@ -2,61 +2,43 @@
 #include "mvsim/SimTest.h"
 
 #include <dlfcn.h>
-#include <memory>
 #include <thread>
 
 namespace
 {
 
-using testing::StartsWith;
+using LoadTest = SimTest;
 
-struct Close {
-    void operator()(void* library) const { dlclose(library); }
-};
-using OpenLibrary = std::unique_ptr<void, Close>;
-
-// A copy of the simulator that has not been asked anything yet.
-OpenLibrary openCopy()
-{
-    OpenLibrary library(dlopen("libmv_copy.so", RTLD_NOW | RTLD_LOCAL));
-    EXPECT_NE(library, nullptr) << dlerror();
-    return library;
-}
-
-TEST(LibraryTest, EnvironmentNamesTheSystem)
+TEST_F(LoadTest, TheEnvironmentNamesTheSystem)
 {
     const TempFolder folder;
-    folder.write("two.json", R"({"format": 1, "name": "", "adapters":
-        [{"slot": 0, "maxBufferKB": 1}, {"slot": 1, "maxBufferKB": 1}]})");
     std::filesystem::create_directories(folder.path("sys/block"));
     const std::string missing = folder.path("none.json");
-    const std::string complaint = ": /: expected a scenario file, found no file of that name\n";
     const struct {
         std::string scenario;
         unsigned int adapters;
         std::string said;
     } cases[] = {
-        {"", 1, ""},
-        {folder.path("two.json"), 2, ""},
-        {missing, 0, "mvsim: " + missing + complaint},
+        {"", 1, ""}, // then it is the machine
+        {scenarioFile("two-adapters.json"), 2, ""},
+        {missing, 0, "mvsim: " + missing + ": /: expected a scenario file, found no file of that name\n"},
     };
     setenv("MVSIM_LIVE", folder.path("sys").c_str(), 1);
     for (const auto& row : cases) {
-        const OpenLibrary library = openCopy();
+        void* const copy = dlopen("libmv_copy.so", RTLD_NOW | RTLD_LOCAL); // that nobody has asked yet
+        ASSERT_NE(copy, nullptr) << dlerror();
         if (!row.scenario.empty())
             setenv("MVSIM_SCENARIO", row.scenario.c_str(), 1); // read at the first call, not at load
-        const auto count =
-            reinterpret_cast<MV_Adapter_GetCount_t>(dlsym(library.get(), "MV_Adapter_GetCount"));
+        const auto count = reinterpret_cast<MV_Adapter_GetCount_t>(dlsym(copy, "MV_Adapter_GetCount"));
         testing::internal::CaptureStderr();
         EXPECT_EQ(count(), row.adapters) << row.scenario;
         EXPECT_EQ(count(), row.adapters) << row.scenario;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), row.said);
+        dlclose(copy);
     }
     unsetenv("MVSIM_LIVE");
     unsetenv("MVSIM_SCENARIO");
 }
-
-using LoadTest = SimTest;
 
 TEST_F(LoadTest, FailedLoadsChangeNothing)
 {
@@ -91,7 +73,7 @@ TEST_F(LoadTest, ThreadsMayCallAndLoadAtOnce)
     for (std::thread& thread : threads)
         thread.join();
     mvsim_set_call_sink(nullptr, nullptr);
-    EXPECT_THAT(log.lines(), testing::Each(StartsWith("MV_")));
+    EXPECT_THAT(log.lines(), testing::Each(testing::StartsWith("MV_")));
 }
 
 } // namespace

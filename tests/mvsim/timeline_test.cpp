@@ -76,21 +76,6 @@ TEST_F(TimelineTest, EventsBeyondFiftyWait)
     EXPECT_EQ(poll().size(), 35U) << "what waited is gone";
 }
 
-TEST_F(TimelineTest, SequenceNumbers)
-{
-    const std::string timeline = R"("timeline": [
-        {"poll": 1, "events": [{"code": "diskOnline"}, {"code": "diskOnline", "sequence": 900}, {"code": "diskOnline"}]},
-        {"poll": 2, "events": [{"code": "diskFailed"}]}])";
-    mvsim_set_sequence_base(40);
-    loadAdapter("", R"("sequence": 30, )" + timeline);
-    EXPECT_THAT(poll(), ElementsAre("41: diskOnline 0", "900: diskOnline 0", "42: diskOnline 0"));
-    mvsim_set_sequence_base(0);
-    EXPECT_THAT(poll(), ElementsAre("43: diskFailed 0")) << "the numbers never go back";
-    mvsim_set_sequence_base(40);
-    loadAdapter("", R"("sequence": 50, )" + timeline);
-    EXPECT_EQ(poll().front(), "51: diskOnline 0");
-}
-
 TEST_F(TimelineTest, RulesComeAndGo)
 {
     loadScenario(scenarioFile("rules.json"));
