@@ -1,8 +1,6 @@
 // What changes by polls, and how events get through.
 #include "mvsim/SimTest.h"
 
-#include <sstream>
-
 namespace
 {
 
@@ -39,11 +37,10 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
     std::vector<std::string> seen;
     mvsim_set_event_sink(
         [](void* context, const mvsim_event* event) {
-            std::ostringstream line;
-            line << "adapter " << event->adapter << ", class " << event->event_class << " code "
-                 << event->code << " device " << event->device << ", number " << event->sequence << ", poll "
-                 << mvsim_polls(); // a sink may ask
-            static_cast<std::vector<std::string>*>(context)->push_back(line.str());
+            // A sink may ask.
+            static_cast<std::vector<std::string>*>(context)->push_back(
+                std::to_string(event->sequence) + " of adapter " + std::to_string(event->adapter) +
+                ", poll " + std::to_string(mvsim_polls()));
         },
         &seen);
     EXPECT_THAT(poll(1), IsEmpty());
@@ -54,9 +51,8 @@ TEST_F(TimelineTest, EveryAdapterCountsItsOwnPollsAndTheSinkSeesAll)
     EXPECT_THAT(diskIds(1), IsEmpty());
     EXPECT_EQ(seen.size(), 2U) << "not yet what waits";
     EXPECT_THAT(poll(1), ElementsAre("4294967295: 9/8 262"));
-    EXPECT_THAT(seen, ElementsAre("adapter 0, class 0 code 8 device 0, number 11, poll 1",
-                                  "adapter 1, class 2 code 7 device 3, number 12, poll 1",
-                                  "adapter 1, class 9 code 8 device 262, number 4294967295, poll 1"));
+    EXPECT_THAT(seen, ElementsAre("11 of adapter 0, poll 1", "12 of adapter 1, poll 1",
+                                  "4294967295 of adapter 1, poll 1"));
 }
 
 TEST_F(TimelineTest, EventsBeyondFiftyWait)
