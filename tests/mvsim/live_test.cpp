@@ -45,10 +45,6 @@ class LiveTest : public SimTest
                 std::ofstream(path) << file.substr(equals + 1) << '\n';
         }
     }
-    void putDisk(const std::string& name, const std::string& serial) const
-    {
-        put("block/" + name, "size=2048;device/model=PLAIN;device/serial=" + serial);
-    }
     void remove(const std::string& name) const { fs::remove_all(m_folder.path("sys/" + name)); }
     void loadLive(const char* stateFile = nullptr) const
     {
@@ -161,13 +157,14 @@ TEST_F(LiveTest, ChangesBecomeEvents)
 TEST_F(LiveTest, SequenceOutlivesTheProcess)
 {
     const std::string state = m_folder.path("sequence");
-    putDisk("sda", "a");
+    const std::string disk = "size=2048;device/model=PLAIN;device/serial=";
+    put("block/sda", disk + "a");
     // Loads, makes two events, and gives the second.
     const auto comeAndGo = [&] {
         loadLive(state.c_str());
         remove("block/sdb");
         poll();
-        putDisk("sdb", "b");
+        put("block/sdb", disk + "b");
         return poll().at(0);
     };
     EXPECT_EQ(comeAndGo(), "1: diskInserted 1") << "there was none to go";
