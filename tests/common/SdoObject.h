@@ -73,6 +73,25 @@ inline SdoValues valuesOf(const void* object)
     return values;
 }
 
+// Put one property into an object; the status of the call.
+inline int addU32(void* object, unsigned int id, std::uint32_t value)
+{
+    return SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_U32, &value, sizeof value, 1);
+}
+
+inline int addText(void* object, unsigned int id, const std::string& text)
+{
+    return SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_ASTRING, text.c_str(),
+                              static_cast<unsigned int>(text.size() + 1), 1);
+}
+
+// The first `size` bytes of a nexus of these properties.
+inline int addNexus(void* object, const std::vector<unsigned int>& ids, std::size_t size)
+{
+    return SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, ids.data(),
+                              static_cast<unsigned int>(size), 1);
+}
+
 constexpr unsigned int NO_NUMBER = 0xFFFFFFFF;
 
 // The value of a property of four bytes; NO_NUMBER for an absent one.
@@ -93,12 +112,11 @@ inline void* makeObject(const SdoNumbers& numbers)
     void* const object = SMSDOConfigAlloc();
     std::vector<unsigned int> nexus;
     for (const auto& [id, value] : numbers) {
-        SMSDOConfigAddData(object, static_cast<unsigned short>(id), SDO_TYPE_U32, &value, sizeof value, 1);
+        addU32(object, id, value);
         if (id != SSPROP_OBJTYPE_U32 && id != SSPROP_VILNUMBER_U32)
             nexus.push_back(id);
     }
-    SMSDOConfigAddData(object, SSPROP_NEXUS_U32, SDO_TYPE_NEXUS_U32, nexus.data(),
-                       static_cast<unsigned int>(nexus.size() * sizeof(unsigned int)), 1);
+    addNexus(object, nexus, nexus.size() * sizeof(unsigned int));
     return object;
 }
 

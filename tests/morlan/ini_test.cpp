@@ -1,5 +1,5 @@
 // The private INI and the INI writer.
-#include "common/TempFolder.h"
+#include "common/DataRows.h"
 #include "morlan/morlan_inspect.h"
 
 #include <morlan.h>
@@ -98,33 +98,14 @@ TEST_F(Ini, CutsAValueToTheRoomAndLeavesTheBufferOnFailure)
 
 TEST_F(Ini, WritesOneKeyAndKeepsTheRest)
 {
-    const struct {
-        const char *what, *before, *value, *after; // of the key k of the section A
-    } cases[] = {
-        {"no file", nullptr, "1", "[A]\nk=1\n"},
-        {"replace", "; top\n[A]\nj=0\nk=1\nk=2\n[B]\nk=3\n", "77", "; top\n[A]\nj=0\nk=77\nk=2\n[B]\nk=3\n"},
-        {"replace in the style of the line", "[A]\n\tk = 1  \n", "2", "[A]\n\tk = 2\n"},
-        {"fill an empty value", "[A]\nk =\nl=\n", "2", "[A]\nk =2\nl=\n"},
-        {"comments are no keys", "[A]\n;k=1\n#k=2\n", "3", "[A]\n;k=1\n#k=2\nk=3\n"},
-        {"append between comments and blank lines", "[a]\n[A]\nK=0\n; more\n\n \t\n[B]\n", "1",
-         "[a]\n[A]\nK=0\n; more\nk=1\n\n \t\n[B]\n"},
-        {"append, no line end", "[A]\nj=0", "1", "[A]\nj=0\nk=1"},
-        {"replace, no line end", "[A]\nk=0", "1", "[A]\nk=1"},
-        {"new section, no line end", "[B]\nk=0", "1", "[B]\nk=0\n[A]\nk=1"},
-        {"CR LF, replace", "[A]\r\nk=0\r\nl=1\r\n", "", "[A]\r\nk=\r\nl=1\r\n"},
-        {"CR LF, new section, no line end", "[B]\r\nj=0", "1", "[B]\r\nj=0\r\n[A]\r\nk=1"},
-        {"twice, key in the second", "[A]\ni=0\n[B]\n[A]\nk=0\n", "1", "[A]\ni=0\n[B]\n[A]\nk=1\n"},
-        {"twice, key in none", "[A]\ni=0\n[B]\n[A]\nj=0\n", "1", "[A]\ni=0\nk=1\n[B]\n[A]\nj=0\n"},
-        {"what fits no grammar stays", "nonsense\n[A\n=\n]\n[A]\n\x01\x80\n", "1",
-         "nonsense\n[A\n=\n]\n[A]\n\x01\x80\nk=1\n"},
-    };
-    for (const auto& write : cases) {
+    for (const auto& row : dataRows("tests/morlan/writes")) { // of the key k of the section A
+        const std::string what = row.at("what");
         std::filesystem::remove(folder.path("f.ini"));
-        if (write.before != nullptr)
-            folder.write("f.ini", write.before);
-        EXPECT_EQ(writeKey("f.ini", write.value), 0) << write.what;
-        EXPECT_EQ(folder.read("f.ini"), write.after) << write.what;
-        EXPECT_EQ(folder.entries(), 1U) << write.what;
+        if (row.contains("before"))
+            folder.write("f.ini", row.at("before"));
+        EXPECT_EQ(writeKey("f.ini", row.at("value")), 0) << what;
+        EXPECT_EQ(folder.read("f.ini"), row.at("after")) << what;
+        EXPECT_EQ(folder.entries(), 1U) << what;
     }
 }
 

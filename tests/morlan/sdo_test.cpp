@@ -1,28 +1,10 @@
 // SDO objects: what they hold and who owns what.
-#include "morlan/morlan_inspect.h"
-
-#include <morlan.h>
-#include <sdo.h>
+#include "common/SdoObject.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstring>
-#include <string>
-
 namespace
 {
-
-int addU32(void* object, unsigned short id, std::uint32_t value)
-{
-    return SMSDOConfigAddData(object, id, SDO_TYPE_U32, &value, sizeof value, 1);
-}
-
-int addText(void* object, unsigned short id, const char* text)
-{
-    return SMSDOConfigAddData(object, id, SDO_TYPE_ASTRING, text,
-                              static_cast<unsigned int>(std::strlen(text) + 1), 1);
-}
 
 int addNested(void* object, unsigned short id, void* nested)
 {
@@ -33,20 +15,10 @@ int addNested(void* object, unsigned short id, void* nested)
 std::string content(const void* object)
 {
     std::string text;
-    unsigned short id = 0;
-    unsigned char type = 0;
-    const void* value = nullptr;
-    unsigned int size = 0;
-    for (unsigned int i = 0; morlan_sdo_property_at(object, i, &id, &type, &value, &size) == 0; ++i) {
-        text += (i == 0 ? "" : " ") + std::to_string(id) + ':';
-        std::uint32_t number = 0;
-        if (type == SDO_TYPE_SDOCONFIG)
-            text += '{' + content(value) + '}';
-        else if (type == SDO_TYPE_ASTRING)
-            text += static_cast<const char*>(value);
-        else if (size == sizeof number)
-            text += (std::memcpy(&number, value, size), std::to_string(number));
-    }
+    for (const SdoProperty& property : propertiesOf(object))
+        text += (text.empty() ? "" : " ") + std::to_string(property.id) + ':' +
+                (property.type == SDO_TYPE_SDOCONFIG ? '{' + content(property.value) + '}'
+                                                     : valuesOf(object).at(property.id));
     return text;
 }
 

@@ -3,7 +3,7 @@
 #define ZARNEK_TESTS_SIMTEST_H
 
 #include "common/LineLog.h"
-#include "common/TempFolder.h"
+#include "common/StandIns.h"
 #include "mvsim/api/mvsim_control.h"
 #include "mvsim/model/EventCodes.h"
 #include <mv.h>
@@ -46,34 +46,20 @@ struct Answer {
 
 using ListCall = unsigned int (*)(unsigned char, _Info_Request*);
 
-class SimTest : public testing::Test
+class SimTest : public testing::Test, protected StandIns
 {
   protected:
-    SimTest() { mvsim_reset(); }
-    ~SimTest() override { mvsim_reset(); }
-
     // The message, which is empty when the file loads.
-    std::string tryLoad(const std::string& file) const
+    static std::string tryLoad(const std::string& file)
     {
         std::array<char, 1000> message{};
         const int status = mvsim_load_scenario(file.c_str(), message.data(), message.size());
         EXPECT_EQ(status != 0, message[0] != '\0');
         return message.data();
     }
-    void loadFile(const std::string& name) const
+    static std::string scenarioFile(const std::string& name)
     {
-        ASSERT_EQ(tryLoad(std::string(MVSIM_TESTS_FOLDER "/scenarios/") + name), "");
-    }
-    void load(const std::string& text)
-    {
-        m_folder.write("scenario.json", text);
-        ASSERT_EQ(tryLoad(m_folder.path("scenario.json")), "");
-    }
-    // A scenario of one adapter with these members, and these members at top level.
-    void loadAdapter(const std::string& members, const std::string& top = "")
-    {
-        load(R"({"format": 1, "name": "test", "adapters": [{"slot": 0, "maxBufferKB": 64)" +
-             (members.empty() ? "" : ", " + members) + "}]" + (top.empty() ? "" : ", " + top) + "}");
+        return MVSIM_TESTS_FOLDER "/scenarios/" + name;
     }
 
     static Answer ask(ListCall call, std::uint8_t type, std::uint16_t start, std::uint16_t requested,
@@ -136,8 +122,6 @@ class SimTest : public testing::Test
         }
         return texts;
     }
-
-    TempFolder m_folder;
 };
 
 #endif

@@ -45,10 +45,6 @@ class LiveTest : public SimTest
                 std::ofstream(path) << file.substr(equals + 1) << '\n';
         }
     }
-    void putDisk(const std::string& name, const std::string& serial) const
-    {
-        put("block/" + name, "size=2048;device/model=PLAIN;device/serial=" + serial);
-    }
     void remove(const std::string& name) const { fs::remove_all(m_folder.path("sys/" + name)); }
     void loadLive(const char* stateFile = nullptr) const
     {
@@ -127,6 +123,8 @@ class LiveTest : public SimTest
         }
         EXPECT_EQ(told, story);
     }
+
+    TempFolder m_folder;
 };
 
 TEST_F(LiveTest, DisksFromEveryPlace)
@@ -159,13 +157,14 @@ TEST_F(LiveTest, ChangesBecomeEvents)
 TEST_F(LiveTest, SequenceOutlivesTheProcess)
 {
     const std::string state = m_folder.path("sequence");
-    putDisk("sda", "a");
+    const std::string disk = "size=2048;device/model=PLAIN;device/serial=";
+    put("block/sda", disk + "a");
     // Loads, makes two events, and gives the second.
     const auto comeAndGo = [&] {
         loadLive(state.c_str());
         remove("block/sdb");
         poll();
-        putDisk("sdb", "b");
+        put("block/sdb", disk + "b");
         return poll().at(0);
     };
     EXPECT_EQ(comeAndGo(), "1: diskInserted 1") << "there was none to go";
@@ -176,14 +175,9 @@ TEST_F(LiveTest, SequenceOutlivesTheProcess)
         m_folder.write("sequence", damaged);
         EXPECT_EQ(comeAndGo(), "2: diskInserted 1") << damaged;
     }
-    m_folder.write("sequence", "7");
-    mvsim_set_sequence_base(40);
-    EXPECT_EQ(comeAndGo(), "42: diskInserted 1");
-    EXPECT_EQ(m_folder.read("sequence"), "42\n");
-
     fs::remove(state);
     fs::create_directory(state);
-    EXPECT_EQ(comeAndGo(), "42: diskInserted 1") << "a state file that cannot be written stops nothing";
+    EXPECT_EQ(comeAndGo(), "2: diskInserted 1") << "a state file that cannot be written stops nothing";
 }
 
 } // namespace

@@ -94,7 +94,8 @@ TEST_F(RecordsTest, Adapters)
     unsigned int count = 0;
     Bytes info(304, UNTOUCHED);
     EXPECT_EQ(MV_Adapter_GetInfo(0, &count, reinterpret_cast<_Adapter_Info*>(info.data())), 0U);
-    EXPECT_EQ(info, with(Bytes(304), {{0x5a, {200}}, {0x5d, {201}}, {0x6a, {64}}, {0x12f, {0x99}}}));
+    EXPECT_EQ(info,
+              with(Bytes(304), {{0x34, {3}}, {0x5a, {200}}, {0x5d, {201}}, {0x6a, {64}}, {0x12f, {0x99}}}));
 
     Bytes config(64, UNTOUCHED);
     EXPECT_EQ(MV_Adapter_GetConfig(0, &count, reinterpret_cast<_Adapter_Config_V2*>(config.data())), 0U);

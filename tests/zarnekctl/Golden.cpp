@@ -1,10 +1,6 @@
 #include "zarnekctl/Golden.h"
 
-#include "common/TempFolder.h"
-
 #include <gtest/gtest.h>
-
-#include <sstream>
 
 using nlohmann::json;
 
@@ -16,15 +12,6 @@ std::string goldenFile(const std::string& name)
 std::string goldenText(const std::string& name)
 {
     return TempFolder::readFile(goldenFile(name));
-}
-
-std::vector<json> jsonLines(const std::string& text)
-{
-    std::vector<json> records;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        records.push_back(json::parse(line));
-    return records;
 }
 
 void expectMembers(const std::vector<json>& objects, const std::string& golden)

@@ -3,15 +3,10 @@
 #ifndef ZARNEK_TESTS_ZARNEKCTL_GOLDEN_H
 #define ZARNEK_TESTS_ZARNEKCTL_GOLDEN_H
 
-#include <nlohmann/json.hpp>
-
-#include <string>
-#include <vector>
+#include "common/DataRows.h"
 
 std::string goldenFile(const std::string& name);
 std::string goldenText(const std::string& name);
-// One JSON object for each line.
-std::vector<nlohmann::json> jsonLines(const std::string& text);
 // Each of the objects has at least the members that its line in the golden file has.
 void expectMembers(const std::vector<nlohmann::json>& objects, const std::string& golden);
 

@@ -1,5 +1,6 @@
 // What is written down in two places agrees: tables, documents, shipped files.
 #include "common/TempFolder.h"
+#include "mvsim/model/EventCodes.h"
 #include "zarnekctl/cli/OptionTable.h"
 #include "zarnekctl/config/MappingFile.h"
 #include "zarnekctl/monitor/AlertTable.h"
@@ -49,11 +50,21 @@ TEST(Documents, everyPropertyIdHasARowAndIsDocumented)
                     HasSubstr("\n| `" + std::string(row.name) + "` | " + std::to_string(row.id) + " |"));
 }
 
-TEST(Documents, eachShippedAlertHasAMeaning)
+TEST(Documents, everyEventCodeIsDescribedWithTheAlertThatItIsMappedTo)
 {
-    const MappingFile file(fileText("config/MarvelAlertMapping.ini"));
-    for (const auto& line : file.lines()) {
-        const bool maps = line.kind == MappingFile::LineKind::Pair && line.section != INI_SEQUENCE_SECTION;
-        EXPECT_TRUE(!maps || alertRow(MappingFile::numberOf(line.value)) != nullptr) << line.raw;
+    const struct {
+        const char *word, *section;
+    } classes[] = {{"controller", INI_ADAPTER_SECTION},
+                   {"virtualDisk", INI_VIRTUAL_DISK_SECTION},
+                   {"physicalDisk", INI_PHYSICAL_DISK_SECTION}};
+    const std::string description = fileText("docs/scenario-format.md");
+    const MappingFile mapping(fileText("config/MarvelAlertMapping.ini"));
+    for (const mvsim::EventCode& row : mvsim::EVENT_CODES) {
+        const auto& [word, section] = classes[row.eventClass];
+        const auto alert = mapping.alertNumber(section, row.code);
+        ASSERT_TRUE(alert) << row.name;
+        EXPECT_NE(alertRow(*alert), nullptr) << *alert;
+        EXPECT_THAT(description, HasSubstr(std::string("| `") + row.name + "` | `" + word + "` | " +
+                                           std::to_string(row.code) + " | " + std::to_string(*alert) + " |"));
     }
 }

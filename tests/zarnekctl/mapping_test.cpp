@@ -83,33 +83,17 @@ TEST(Mapping, allReadTheSameAndTheCheckTellsWhatIsNotKept)
     morlan_set_install_path(folder.path().c_str());
     morlan_set_debug_sink([](void*, const char*) {}, nullptr);
 
-    std::vector<std::string> texts{"7=2050\n[Adapter]\n7=2048\n7=2049 ; old",
-                                   "[Adapter]\n7=4294967296\n \n12=1",
-                                   " [ Ada\tpter ] \n 1 2 = 20 48\n;7=1\n7=-1\n[7\n=\n",
-                                   "x[Adapter]\n7=2048\n[[7]\n7=1\n7]\n[]\n[]]\n7=3"};
+    std::vector<std::string> texts;
+    for (const std::string text : jsonLines(goldenText("mapping-texts")))
+        texts.push_back(text);
     for (const auto& row : jsonLines(goldenText("config-checks")))
         texts.push_back(row.value("mapping", ""));
-    const std::string characters("\n\n\n[]=;# \t\r\v\f7-\0", 17);
-    const std::vector<const char*> words{"12",
-                                         "\xef\xbb\xbf",
-                                         "\n7=2048",
-                                         "[Adapter]",
-                                         "\n[7]\n",
-                                         "[EventSequenceNumber]",
-                                         "\n[EventSequenceNumber]\n",
-                                         "\n[Event SequenceNumber]\n",
-                                         "SequenceNumber",
-                                         "SequenceNumber=",
-                                         "\nSequenceNumber=7\n",
-                                         "Sequence Number = 7"};
+    const auto pieces = jsonLines(goldenText("mapping-pieces"));
     std::mt19937 random(1); // the same texts in each run
     while (texts.size() < 4000) {
         texts.emplace_back();
-        for (std::size_t count = 1 + random() % 14; count > 0; --count) {
-            const std::size_t choice = random() % (characters.size() + words.size());
-            texts.back() +=
-                choice < words.size() ? words[choice] : characters.substr(choice - words.size(), 1);
-        }
+        for (std::size_t count = 1 + random() % 14; count > 0; --count)
+            texts.back() += pieces[random() % pieces.size()].get<std::string>();
     }
 
     constexpr unsigned int MOST_WRITES = 100; // each way; they wait for the disk

@@ -37,12 +37,9 @@ Words story(const std::string& interval, const Words& more = {})
 
 TEST(Monitor, tellsAlertsAndWhatTheyChanged)
 {
-    // With an alert number that has no meaning, and a number up to which events are old.
-    const std::string mapping = "[Adapter]\n1=2048\n[PhysicalDevice]\n201=2050\n205=4711\n"
-                                "[VirtualDevice]\n103=2057\n[EventSequenceNumber]\nSequenceNumber=10\n";
-    const auto monitored = [&mapping](const char* format) {
+    const auto monitored = [](const char* format) {
         const ProgramState state;
-        state.setMapping(mapping);
+        state.setMapping(goldenText("odd-server-mapping.ini"));
         return state.run(
             {"monitor", "--scenario", goldenFile("odd-server.json"), "--interval", "0", "--format", format});
     };
@@ -52,20 +49,6 @@ TEST(Monitor, tellsAlertsAndWhatTheyChanged)
     expectMembers(records, "odd-server.records");
     EXPECT_THAT(records.at(1).at("time").get<std::string>(),
                 testing::MatchesRegex("[0-9-]{10}T[0-9:]{8}[.][0-9]{3}Z"));
-}
-
-TEST(Monitor, stopsAfterThePollsAskedForAndGoesOnFromThere)
-{
-    const ProgramState state;
-    const ProgramResult first = state.run(story("0", {"--polls", "2"}));
-    EXPECT_EQ(first.status, 0) << first.err;
-    EXPECT_THAT(sequences(first.records()), testing::ElementsAre(1, 2, 3));
-    EXPECT_EQ(first.records().back().at("polls"), 2);
-    EXPECT_EQ(first.records().back().at("sequence"), 3);
-    const auto second = state.run(story("0")).records();
-    EXPECT_EQ(sequences(second).size(), 9U);
-    EXPECT_EQ(sequences(second).front(), 4);
-    EXPECT_EQ(second.back().at("sequence"), 12);
 }
 
 TEST(Monitor, aSignalAtAnyMomentStopsCleanlyWithTheNumberWritten)
@@ -88,17 +71,6 @@ TEST(Monitor, aSignalAtAnyMomentStopsCleanlyWithTheNumberWritten)
         EXPECT_EQ(records.back().value("sequence", -1), last);
         EXPECT_THAT(state.mapping(), HasSubstr("SequenceNumber=" + std::to_string(last) + "\n"));
     }
-}
-
-TEST(Monitor, editsOfTheMappingFileTakeEffectWithTheNextAlert)
-{
-    const ProgramState state;
-    RunningProgram program = state.start(story("0.5"));
-    ASSERT_TRUE(program.waitForOutput("\"alert\""));
-    state.setMapping("[VirtualDevice]\n103=4000\n[EventSequenceNumber]\nSequenceNumber=0\n");
-    const ProgramResult result = program.finish();
-    EXPECT_THAT(sequences(result.records()), testing::ElementsAre(1, 3)) << result.out;
-    EXPECT_THAT(result.out, testing::ContainsRegex("\"number\":4000,.*\"event_code\":103}"));
 }
 
 TEST(Monitor, aBlankLineThatComesDuringTheRunEndsTheProcessWithAWord)

@@ -1,12 +1,16 @@
-// What the libraries hold, read and shown: values of each type, and objects that have no place in the tree.
-#include "zarnekctl/Objects.h"
+// What the libraries hold, read, compared and shown: values of each type, objects that have no place in the
+// tree, and what a discovery or an alert changes.
 #include "zarnekctl/host/SdoReader.h"
+#include "zarnekctl/monitor/MonitorJournal.h"
+#include "zarnekctl/monitor/MonitorTextPrinter.h"
 #include "zarnekctl/print/DotPrinter.h"
 #include "zarnekctl/print/JsonPrinter.h"
 #include "zarnekctl/print/JsonValues.h"
 #include "zarnekctl/print/TablePrinter.h"
 #include "zarnekctl/print/TreePrinter.h"
 #include <morlan.h>
+#include <mv.h>
+#include <sdo.h>
 
 #include <gmock/gmock.h>
 
@@ -17,6 +21,25 @@ using testing::HasSubstr;
 
 namespace
 {
+
+template <typename Value>
+void addProperty(Object& object, unsigned int id, unsigned int type, const Value& value)
+{
+    Property& property = object.properties.emplace_back();
+    property.id = id;
+    property.type = type;
+    property.value = value;
+}
+
+// With 32-bit numbers as properties, by their ids.
+Object objectWith(const std::vector<std::pair<unsigned int, std::uint32_t>>& numbers,
+                  const std::string& identity = "")
+{
+    Object object{{}, identity};
+    for (const auto& [id, number] : numbers)
+        addProperty(object, id, SDO_TYPE_U32, std::uint64_t{number});
+    return object;
+}
 
 template <typename Number>
 std::string bytesOf(Number number)
@@ -29,6 +52,18 @@ std::string printed(const Printer& printer, const System& system)
     std::ostringstream out;
     printer.print(system, out);
     return out.str();
+}
+
+using Number = std::pair<unsigned int, std::uint32_t>;
+
+Object diskWith(const Number& first, const Number& second)
+{
+    return objectWith({{SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
+                       {SSPROP_GLOBALCONTROLLERNUM_U32, 0},
+                       {SSPROP_SLOTNUM_U32, 1},
+                       first,
+                       second},
+                      "disk 1");
 }
 
 } // namespace
@@ -110,4 +145,40 @@ TEST(Printers, showWhatHasNoPlaceInTheTree)
     for (std::size_t at = coloured.find('\033'); at != std::string::npos; at = coloured.find('\033'))
         coloured.erase(at, coloured.find('m', at) - at + 1);
     EXPECT_EQ(coloured, tree);
+}
+
+TEST(Journal, propertiesComeAndGo)
+{
+    std::ostringstream out;
+    MonitorTextPrinter printer(out, Style{});
+    MonitorJournal journal(&printer, [] { return std::nullopt; });
+    const Object before = diskWith({SSPROP_BUSPROTOCOL_U32, SDO_BUS_SAS}, {SSPROP_STATUS_U32, SDO_STATUS_OK});
+    const Object between =
+        diskWith({SSPROP_MEDIA_U32, SDO_MEDIA_HDD}, {SSPROP_STATUS_U32, SDO_STATUS_UNKNOWN});
+    const Object after =
+        diskWith({SSPROP_MEDIA_U32, SDO_MEDIA_SSD}, {SSPROP_STATUS_U32, SDO_STATUS_CRITICAL});
+    journal.change(&before, &between);
+    journal.change(&between, &after); // only the first state and the last count
+    journal.pollEnd();
+    journal.pollEnd();
+    EXPECT_EQ(out.str(), "          disk 1 on controller 0: status ok -> critical, media nothing -> SSD, bus "
+                         "SAS -> nothing\n");
+}
+
+TEST(Journal, anAlertIsJoinedWithAnEventOfItsOwnPoll)
+{
+    const MappingFile mapping("[PhysicalDevice]\n201=2050\n[EventSequenceNumber]\nSequenceNumber=0\n");
+    MonitorJournal journal(nullptr, [&mapping] { return mapping; });
+    const auto disk = std::make_shared<const Object>(
+        diskWith({SSPROP_CONTROLLERID_U32, 0}, {SSPROP_STATUS_U32, SDO_STATUS_CRITICAL}));
+    Object alert = objectWith({{SSPROP_ALERTNUMBER_U32, 2050}});
+    addProperty(alert, SSPROP_CONTROLNOTIFY_SDO, SDO_TYPE_SDOCONFIG, Nested{disk});
+    const mvsim_event event{0, MV_EVENT_PHYSICAL_DISK, 201, 1, 5}; // adapter, class, code, device, sequence
+    journal.event(event);
+    journal.pollEnd();
+    journal.notification(alert);
+    EXPECT_EQ(journal.counts().lastSequence, 0U);
+    journal.event(event);
+    journal.notification(alert);
+    EXPECT_EQ(journal.counts().lastSequence, 5U);
 }
