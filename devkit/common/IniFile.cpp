@@ -22,7 +22,8 @@ bool IniFile::write(std::string_view section, std::string_view key, std::string_
     static std::mutex writing;
     const std::lock_guard<std::mutex> lock(writing);
     std::string content;
-    if (readFile(m_path, content) == FileRead::Failed)
+    const FileRead read = readFile(m_path, content);
+    if (read != FileRead::Done && read != FileRead::Missing)
         return false;
     IniText text(content);
     return text.setValue(section, key, value) && replaceFile(m_path, text.text());

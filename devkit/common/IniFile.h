@@ -15,7 +15,7 @@ class IniFile
   public:
     explicit IniFile(std::string path) : m_path(std::move(path)) {}
 
-    // Nothing when the key or the file is missing or cannot be read.
+    // Nothing when the key or the file is missing, or the file cannot be read or is larger than 1 MiB.
     std::optional<std::string> value(std::string_view section, std::string_view key) const;
     // Creates or replaces one key in one step; creates the section and the file, not the folder. False: the
     // file is as it was.

@@ -32,10 +32,13 @@ void scan(std::string_view text, OnCharacter onCharacter, OnByte onByte)
     }
 }
 
-// C0 and C1 controls steer a terminal.
+// C0 and C1 controls steer a terminal; controls of the writing direction show text in another order than it
+// has, also the text behind them.
 bool isControl(char32_t point)
 {
-    return point < 0x20 || (point >= 0x7f && point < 0xa0);
+    const auto within = [point](char32_t first, char32_t last) { return first <= point && point <= last; };
+    return point < 0x20 || within(0x7f, 0x9f) || point == 0x61c || within(0x200e, 0x200f) ||
+           within(0x202a, 0x202e) || within(0x2066, 0x2069);
 }
 
 // This thread's locale for as long as it lives. The process keeps its own, by which the plug-in tells what

@@ -11,7 +11,8 @@ namespace devkit
 
 bool isUtf8(std::string_view text);
 
-// Control characters and bytes that are not UTF-8 come out as \x08; with `asciiOnly` everything beyond ASCII.
+// Control characters, those of the writing direction too, and bytes that are not UTF-8 come out as \x08; with
+// `asciiOnly` everything beyond ASCII.
 std::string escaped(std::string_view text, bool asciiOnly = false);
 
 // Columns on a terminal: two for a wide character, none for a mark that goes onto the character before it.

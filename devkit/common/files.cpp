@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
@@ -60,7 +61,7 @@ bool writeAll(int descriptor, const std::string& content)
     return true;
 }
 
-// A name that no other writer uses, in this process or another one.
+// A name that no other writer uses. A process that had this one's id may have left such a file behind.
 std::filesystem::path temporaryFor(const std::filesystem::path& target)
 {
     static std::atomic<unsigned int> count{0};
@@ -68,11 +69,19 @@ std::filesystem::path temporaryFor(const std::filesystem::path& target)
                                    std::to_string(++count) + ".tmp");
 }
 
-bool writeLike(const struct stat* model, const std::filesystem::path& path, const std::string& content)
+// Opens a new file beside the target and sets `path` to its name.
+int openTemporary(const std::filesystem::path& target, std::filesystem::path& path)
 {
-    const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    if (!file.isOpen())
-        return false;
+    int descriptor = -1;
+    do {
+        path = temporaryFor(target);
+        descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (descriptor < 0 && errno == EEXIST);
+    return descriptor;
+}
+
+bool writeLike(const struct stat* model, const Descriptor& file, const std::string& content)
+{
     if (model != nullptr) {
         // The owner first: changing it takes mode bits away.
         [[maybe_unused]] const int ignored = fchown(file.number(), model->st_uid, model->st_gid);
@@ -84,7 +93,7 @@ bool writeLike(const struct stat* model, const std::filesystem::path& path, cons
 
 } // namespace
 
-FileRead readFile(const std::string& path, std::string& content)
+FileRead readFile(const std::string& path, std::string& content, std::size_t limit)
 {
     // Not waiting: a pipe in the file's place must not hang the caller.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -93,24 +102,37 @@ FileRead readFile(const std::string& path, std::string& content)
     struct stat status = {};
     if (fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
         return FileRead::Failed;
+    if (static_cast<std::uintmax_t>(status.st_size) > limit)
+        return FileRead::TooLarge;
     content.clear();
     char buffer[4096];
     for (;;) {
         const ssize_t length = read(file.number(), buffer, sizeof buffer);
+        if (length == 0)
+            return FileRead::Done;
+        // A file may grow, and one of the kernel's tells no size.
+        if (length > 0 && static_cast<std::size_t>(length) > limit - content.size())
+            return FileRead::TooLarge;
         if (length > 0)
             content.append(buffer, static_cast<std::size_t>(length));
-        else if (length == 0)
-            return FileRead::Done;
         else if (errno != EINTR)
             return FileRead::Failed;
     }
 }
 
+const char* reasonOf(FileRead read)
+{
+    return read == FileRead::TooLarge ? "the file is larger than 1 MiB, which no configuration needs"
+                                      : "the file cannot be read";
+}
+
 bool replaceFile(const std::string& path, const std::string& content)
 {
     const std::optional<std::filesystem::path> target = resolved(path);
-    if (!target)
+    if (!target) {
+        errno = ELOOP;
         return false;
+    }
     const std::string folderName = target->has_parent_path() ? target->parent_path().string() : ".";
     const Descriptor folder(open(folderName.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen())
@@ -120,10 +142,15 @@ bool replaceFile(const std::string& path, const std::string& content)
     const bool exists = stat(target->c_str(), &present) == 0;
     if (!exists && errno != ENOENT)
         return false; // its mode and owner could not be kept
-    const std::filesystem::path temporary = temporaryFor(*target);
-    if (!writeLike(exists ? &present : nullptr, temporary, content) ||
+    std::filesystem::path temporary;
+    const Descriptor file(openTemporary(*target, temporary));
+    if (!file.isOpen())
+        return false;
+    if (!writeLike(exists ? &present : nullptr, file, content) ||
         rename(temporary.c_str(), target->c_str()) != 0) {
+        const int reason = errno;
         unlink(temporary.c_str());
+        errno = reason;
         return false;
     }
     // A folder that cannot be synced is no failure: the new content is in place, and all that a crash could

@@ -18,8 +18,8 @@ namespace
 Findings checkMappingFile(const std::filesystem::path& path)
 {
     std::string content;
-    if (devkit::readFile(path.string(), content) != devkit::FileRead::Done)
-        return {{1, Effect::NoMonitoring, "the file cannot be read", PUT_THE_FILE_THERE}};
+    if (const auto read = devkit::readFile(path.string(), content); read != devkit::FileRead::Done)
+        return {{1, Effect::NoMonitoring, devkit::reasonOf(read), PUT_THE_FILE_THERE}};
     Findings findings = MappingCheck(content).run();
     // The file is replaced, so that the right to write into its folder counts.
     std::error_code error;

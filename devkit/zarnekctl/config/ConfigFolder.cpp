@@ -1,8 +1,11 @@
 #include "zarnekctl/config/ConfigFolder.h"
 
+#include "common/files.h"
 #include "zarnekctl/config/Failure.h"
 
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -45,12 +48,15 @@ void ConfigFolder::prepare(const Installation& installation) const
         if (fs::exists(file, error)) // then it need not be there as shipped
             continue;
         const fs::path shipped = installation.shippedConfig(file.filename().string());
-        // What is shipped may be write-protected; what the user gets is his own.
-        if (fs::copy_file(shipped, file, fs::copy_options::skip_existing, error))
-            fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, error);
-        if (error)
-            throw Failure(ExitStatus::BadInput, file.string() + ": cannot copy the shipped file here: " +
-                                                    error.message() + "; name another folder with --config");
+        std::string content;
+        if (devkit::readFile(shipped.string(), content) != devkit::FileRead::Done)
+            throw Failure(ExitStatus::BadInput,
+                          shipped.string() + ": the shipped file cannot be read; install it anew");
+        // In one step and with a mode of its own: nobody gets half a file, or a write-protected one.
+        if (!devkit::replaceFile(file.string(), content))
+            throw Failure(ExitStatus::BadInput,
+                          file.string() + ": cannot copy the shipped file here: " + std::strerror(errno) +
+                              "; name another folder with --config");
     }
 }
 

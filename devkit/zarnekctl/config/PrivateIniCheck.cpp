@@ -128,8 +128,8 @@ Findings checkPrivateIni(const std::filesystem::path& file, const LibraryProbe& 
 {
     Findings findings;
     std::string content;
-    if (devkit::readFile(file.string(), content) != devkit::FileRead::Done) {
-        findings.push_back({1, Effect::NoDiscovery, "the file cannot be read", PUT_THE_FILE_THERE});
+    if (const auto read = devkit::readFile(file.string(), content); read != devkit::FileRead::Done) {
+        findings.push_back({1, Effect::NoDiscovery, devkit::reasonOf(read), PUT_THE_FILE_THERE});
         return findings;
     }
     const IniText text(content);
