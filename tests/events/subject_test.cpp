@@ -95,6 +95,7 @@ TEST_F(EventSubjectTest, ItsBatchGoesWithItAndCopiesHaveNone)
         EXPECT_EQ(copy.getSubjectID(), original.getSubjectID());
         EXPECT_TRUE(copy.getCntrlIdList().empty());
         copy.notifyObserver();
+        original.IEvtSubject::notifyObserver(); // nothing without a member pointer
         original.registerMe(&m_peer, &IEvtObserver::updateMyself);
         original.IEvtSubject::notifyObserver();
     }

@@ -152,6 +152,8 @@ TEST_F(AttributeTest, EntriesStayUntilTheyAreRemoved)
     controller.deleteFromMap("null");
     EXPECT_THAT(*controller.getAttribValueMap(),
                 ElementsAre(Pair("Z", &one), Pair("b", &two), Pair("null", nullptr)));
+    IController::setKeyValPair("m_DevID", "STDSTR", 8); // of a table too the first row stays
+    EXPECT_EQ(IController::getAttribNameAndType()["m_DevID"].m_AttribType, "UNSIGNED_INTEGER");
     controller.updateAttribValMap("null", &one);
     controller.clearMap();
     CPhysicalDevice disk;
