@@ -156,6 +156,11 @@ TEST_F(LiveTest, ChangesBecomeEvents)
     expectStory("changes.txt");
 }
 
+TEST_F(LiveTest, TwinsAndLosses)
+{
+    expectStory("twins-and-losses.txt");
+}
+
 TEST_F(LiveTest, SequenceOutlivesTheProcess)
 {
     const std::string state = m_folder.path("sequence");

@@ -1,9 +1,11 @@
 #include "mvsim/live/ArrayJudge.h"
 
 #include "common/words.h"
+#include "mvsim/live/ArrayLevel.h"
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <sstream>
 #include <utility>
 
@@ -13,54 +15,32 @@ namespace mvsim
 namespace
 {
 
-// What a RAID level means for `disks` members: how many may be missing, and how many hold data of their own.
-struct Level {
-    const char* name;
-    std::uint8_t raidMode;
-    std::uint64_t (*mayMiss)(std::uint64_t disks);
-    std::uint64_t (*dataDisks)(std::uint64_t disks);
-};
+// The disks by their names.
+using DiskIndex = std::map<std::string, SeenDisk*>;
 
-constexpr std::uint64_t lessUpTo(std::uint64_t value, std::uint64_t less)
+// A container is only the home of other arrays, which name it behind a slash; a dash there keeps them from
+// being changed.
+bool isContainer(const MdArray& array)
 {
-    return value > less ? value - less : 0;
+    constexpr std::string_view EXTERNAL = "external:";
+    const std::string_view metadata = array.metadata;
+    const bool external = devkit::startsWith(metadata, EXTERNAL);
+    const std::string_view where = metadata.substr(external ? EXTERNAL.size() : 0);
+    return array.level == "container" ||
+           (external && !devkit::startsWith(where, "/") && !devkit::startsWith(where, "-"));
 }
 
-constexpr Level LEVELS[] = {
-    {"raid0", MV_RAID_0, [](std::uint64_t) -> std::uint64_t { return 0; }, [](std::uint64_t n) { return n; }},
-    {"raid1", MV_RAID_1, [](std::uint64_t n) { return lessUpTo(n, 1); },
-     [](std::uint64_t) -> std::uint64_t { return 1; }},
-    {"raid4", MV_RAID_5, [](std::uint64_t) -> std::uint64_t { return 1; },
-     [](std::uint64_t n) { return lessUpTo(n, 1); }},
-    {"raid5", MV_RAID_5, [](std::uint64_t) -> std::uint64_t { return 1; },
-     [](std::uint64_t n) { return lessUpTo(n, 1); }},
-    {"raid6", MV_RAID_6, [](std::uint64_t) -> std::uint64_t { return 2; },
-     [](std::uint64_t n) { return lessUpTo(n, 2); }},
-    {"raid10", MV_RAID_10, [](std::uint64_t n) { return n / 2; }, [](std::uint64_t n) { return n / 2; }},
-    // linear and whatever else: no redundancy
-    {"", MV_RAID_NONE, [](std::uint64_t) -> std::uint64_t { return 0; }, [](std::uint64_t n) { return n; }},
-};
-
-const Level& levelOf(const MdArray& array)
+// A stopped array leaves its device behind, and one being put together has got nothing yet.
+bool isThere(const MdArray& array)
 {
-    const auto* last = std::end(LEVELS) - 1;
-    return *std::find_if(std::begin(LEVELS), last,
-                         [&array](const Level& level) { return array.level == level.name; });
+    const bool empty = array.level.empty() && array.members.empty();
+    return !array.state.empty() && array.state != "clear" && !empty;
 }
 
-// A stopped array leaves its device behind, and a container is only the home of other arrays.
-bool holdsData(const MdArray& array)
+SeenDisk* findDisk(const DiskIndex& disks, const std::string& name)
 {
-    const bool stopped = array.state.empty() || array.state == "clear";
-    const bool container = array.level.empty() && array.raidDisks.value_or(0) == 0;
-    return !stopped && !container;
-}
-
-SeenDisk* findDisk(std::vector<SeenDisk>& disks, const std::string& name)
-{
-    const auto found =
-        std::find_if(disks.begin(), disks.end(), [&name](const SeenDisk& disk) { return disk.name == name; });
-    return found == disks.end() ? nullptr : &*found;
+    const auto found = disks.find(name);
+    return found == disks.end() ? nullptr : found->second;
 }
 
 // "sda1" is on "sda", "nvme0n1p2" on "nvme0n1".
@@ -79,7 +59,7 @@ struct Place {
     bool wholeDisk = false;
 };
 
-Place placeOf(const MdMember& member, std::vector<SeenDisk>& disks)
+Place placeOf(const MdMember& member, const DiskIndex& disks)
 {
     // The link to the block device is sure where it can be followed: a partition lies in its disk's folder.
     if (SeenDisk* disk = findDisk(disks, member.device))
@@ -104,33 +84,75 @@ void raiseStatus(Disk& disk, std::uint8_t flag)
     }
 }
 
-std::uint8_t statusOf(const MdMember& member)
+std::uint8_t statusOf(const MdMember& member, const MdArray& array)
 {
-    if (devkit::hasWord(member.state, "faulty"))
-        return MV_DISK_BAD;
-    // A disk being rebuilt is still called a spare, but it has its place in the array.
-    return devkit::hasWord(member.state, "in_sync") || member.slot ? MV_DISK_IN_ARRAY : MV_DISK_SPARE;
+    struct Role {
+        const char* word;
+        std::uint8_t status;
+    };
+    // The first that fits. A journal holds data of the array, which is lost with it.
+    constexpr Role ROLES[] = {
+        {"faulty", MV_DISK_BAD}, {"journal", MV_DISK_IN_ARRAY}, {"in_sync", MV_DISK_IN_ARRAY}};
+    const auto* role = std::find_if(std::begin(ROLES), std::end(ROLES), [&member](const Role& candidate) {
+        return devkit::hasWord(member.state, candidate.word);
+    });
+    if (isContainer(array))
+        return role == ROLES ? MV_DISK_BAD : MV_DISK_SPARE; // what the arrays inside make of it weighs more
+    if (role != std::end(ROLES))
+        return role->status;
+    // A disk being rebuilt is still called a spare, but it has its place; and while an array does not run, it
+    // calls all its members so.
+    return member.slot || array.state == "inactive" ? MV_DISK_IN_ARRAY : MV_DISK_SPARE;
 }
 
-std::uint8_t statusOf(const MdArray& array, const Level& level)
+// What a member gives to its array. The disks of a container give it to the arrays inside.
+std::uint64_t takenKB(const MdMember& member, const MdArray& array)
 {
-    const std::uint64_t mayMiss = level.mayMiss(array.raidDisks.value_or(0));
-    // Levels without redundancy have no count of missing disks.
-    const auto faulty = std::count_if(array.members.begin(), array.members.end(),
-                                      [](const MdMember& member) { return statusOf(member) == MV_DISK_BAD; });
-    const std::uint64_t missing =
-        array.degraded.value_or(mayMiss == 0 ? static_cast<std::uint64_t>(faulty) : 0);
-    if (array.state == "inactive")
-        return MV_DRIVE_OFFLINE;
-    if (array.state == "broken" || missing > mayMiss)
-        return MV_DRIVE_FAILED;
-    if (array.action == "recover")
-        return MV_DRIVE_REBUILDING;
-    if (missing != 0)
-        return MV_DRIVE_DEGRADED;
-    if (array.action == "resync")
-        return MV_DRIVE_INITIALISING;
-    return array.action == "check" || array.action == "repair" ? MV_DRIVE_CHECKING : MV_DRIVE_OPTIMAL;
+    const std::uint64_t component = array.componentKB.value_or(0);
+    if (isContainer(array))
+        return 0;
+    return component != 0 ? component : member.sizeKB.value_or(0);
+}
+
+enum class Redundancy { Whole, Reduced, Lost };
+
+// What an array is like: the first row that fits. Where nothing stands, everything fits.
+struct Condition {
+    const char* state;
+    std::optional<Redundancy> redundancy;
+    const char* action;
+    std::uint8_t status;
+};
+
+constexpr Condition CONDITIONS[] = {
+    {"inactive", {}, "", MV_DRIVE_FAILED}, // could not start
+    {"broken", {}, "", MV_DRIVE_FAILED},
+    {"", Redundancy::Lost, "", MV_DRIVE_FAILED},
+    {"", Redundancy::Reduced, "recover", MV_DRIVE_REBUILDING},
+    {"", Redundancy::Reduced, "", MV_DRIVE_DEGRADED},
+    {"", {}, "resync", MV_DRIVE_INITIALISING},
+    {"", {}, "check", MV_DRIVE_CHECKING},
+    {"", {}, "repair", MV_DRIVE_CHECKING},
+    {"",
+     {},
+     "",
+     MV_DRIVE_OPTIMAL}, // also while a disk is exchanged as planned, or the array gets another shape
+};
+
+std::uint8_t statusOf(const MdArray& array, std::uint64_t missing)
+{
+    const Redundancy redundancy = losesData(array, missing) ? Redundancy::Lost
+                                  : missing != 0            ? Redundancy::Reduced
+                                                            : Redundancy::Whole;
+    const auto fits = [](std::string_view wanted, const std::string& found) {
+        return wanted.empty() || wanted == found;
+    };
+    return std::find_if(std::begin(CONDITIONS), std::end(CONDITIONS),
+                        [&](const Condition& row) {
+                            return fits(row.state, array.state) && fits(row.action, array.action) &&
+                                   row.redundancy.value_or(redundancy) == redundancy;
+                        })
+        ->status;
 }
 
 // "1200 / 4800" in percent; nothing while there is nothing to do.
@@ -160,21 +182,22 @@ std::optional<std::uint16_t> minorOf(const MdArray& array)
 
 SeenArray seenArray(const MdArray& array)
 {
-    const Level& level = levelOf(array);
     SeenArray seen;
     seen.name = array.name;
     seen.minor = minorOf(array);
     seen.progress = progressOf(array);
+    seen.missing = missingMembers(array);
+    seen.reshaping = array.action == "reshape";
     _LD_Info& info = seen.device.info;
     putText(info.LDName, array.name);
-    info.RaidMode = level.raidMode;
-    info.LDStatus = statusOf(array, level);
+    info.RaidMode = raidModeOf(array);
+    info.LDStatus = statusOf(array, seen.missing);
     info.StripeSize =
         static_cast<std::uint16_t>(std::min<std::uint64_t>(array.chunkBytes.value_or(0) / 1024, 0xffff));
     info.CacheFlags = MV_CACHE_NONE;
     info.SizeKB = array.sizeKB.value_or(0);
     if (info.SizeKB == 0)
-        info.SizeKB = array.componentKB.value_or(0) * level.dataDisks(array.raidDisks.value_or(0));
+        info.SizeKB = dataKB(array);
     return seen;
 }
 
@@ -183,17 +206,21 @@ SeenArray seenArray(const MdArray& array)
 SeenMachine judgeArrays(std::vector<SeenDisk> disks, const std::vector<MdArray>& arrays)
 {
     SeenMachine machine{std::move(disks), {}};
+    DiskIndex index;
+    for (SeenDisk& disk : machine.disks)
+        index.emplace(disk.name, &disk);
     for (const MdArray& array : arrays) {
-        if (!holdsData(array))
+        if (!isThere(array))
             continue;
         for (const MdMember& member : array.members) {
-            const Place place = placeOf(member, machine.disks);
+            const Place place = placeOf(member, index);
             if (place.disk != nullptr) {
-                raiseStatus(place.disk->device, statusOf(member));
-                place.disk->usedKB += place.wholeDisk ? array.componentKB.value_or(0) : 0;
+                raiseStatus(place.disk->device, statusOf(member, array));
+                place.disk->usedKB += place.wholeDisk ? takenKB(member, array) : 0;
             }
         }
-        machine.arrays.push_back(seenArray(array));
+        if (!isContainer(array))
+            machine.arrays.push_back(seenArray(array));
     }
     for (SeenDisk& disk : machine.disks) {
         const std::uint64_t size = disk.device.info.SizeKB;

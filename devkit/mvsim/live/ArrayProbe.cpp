@@ -19,6 +19,7 @@ MdMember probeMember(const std::string& name, const SysfsFolder& folder)
     member.holder = device.parent_path().filename().string();
     member.state = folder.text("state").value_or("");
     member.slot = folder.number("slot");
+    member.sizeKB = folder.number("size");
     return member;
 }
 
@@ -29,11 +30,13 @@ MdArray probeArray(const std::string& name, const SysfsFolder& folder)
     array.name = name;
     array.deviceNumber = folder.text("dev").value_or("");
     array.level = md.text("level").value_or("");
+    array.metadata = md.text("metadata_version").value_or("");
     array.state = md.text("array_state").value_or("");
     array.action = md.text("sync_action").value_or("");
     array.completed = md.text("sync_completed").value_or("");
     array.degraded = md.number("degraded");
     array.raidDisks = md.number("raid_disks");
+    array.layout = md.number("layout");
     array.componentKB = md.number("component_size");
     array.chunkBytes = md.number("chunk_size");
     array.sizeKB = folder.kilobytes("size");

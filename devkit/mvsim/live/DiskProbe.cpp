@@ -45,6 +45,14 @@ bool isWholeDisk(const std::string& name, const SysfsFolder& folder)
     return folder.below("device").exists() && folder.number("hidden").value_or(0) == 0 && !emptyDrive;
 }
 
+// Whether the kernel has given a disk up: nothing reaches it, although its folders are still there.
+bool isLost(const SysfsFolder& device)
+{
+    constexpr const char* LOST_STATES[] = {"offline", "transport-offline", "dead"};
+    return std::any_of(std::begin(LOST_STATES), std::end(LOST_STATES),
+                       [state = device.text("state")](const char* lost) { return state == lost; });
+}
+
 // The unit serial number page of a SCSI or ATA disk: its length in the fourth byte, the text behind that.
 std::optional<std::string> serialPage(const SysfsFolder& device)
 {
@@ -148,7 +156,7 @@ SeenDisk probeDisk(const std::string& name, const SysfsFolder& folder)
     disk.info.BlockSize =
         static_cast<std::uint32_t>(folder.number("queue/logical_block_size").value_or(DEFAULT_BLOCK_SIZE));
     disk.info.MediaFlags = folder.number("queue/rotational") == 0U ? MV_MEDIA_SSD : 0;
-    disk.raidStatus.RaidStatusFlags = MV_DISK_READY;
+    disk.raidStatus.RaidStatusFlags = isLost(device) ? MV_DISK_BAD : MV_DISK_READY;
     return seen;
 }
 
@@ -160,14 +168,8 @@ std::vector<SeenDisk> probeDisks(const SysfsFolder& root)
     const SysfsFolder block = root.below("block");
     for (const std::string& name : block.entries()) {
         const SysfsFolder folder = block.below(name);
-        if (!isWholeDisk(name, folder))
-            continue;
-        SeenDisk disk = probeDisk(name, folder);
-        // Copies of a virtual disk, or two paths to a real one, say the same of themselves.
-        if (std::any_of(disks.begin(), disks.end(),
-                        [&disk](const SeenDisk& other) { return other.identity == disk.identity; }))
-            disk.identity += " " + name;
-        disks.push_back(std::move(disk));
+        if (isWholeDisk(name, folder))
+            disks.push_back(probeDisk(name, folder));
     }
     return disks;
 }

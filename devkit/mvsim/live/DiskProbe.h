@@ -8,7 +8,8 @@
 namespace mvsim
 {
 
-// All disks below `root` (such as /sys), taken to be in no array.
+// All disks below `root` (such as /sys), taken to be in no array. Those that nothing reaches are bad already.
+// Disks may bear the same identity.
 std::vector<SeenDisk> probeDisks(const SysfsFolder& root);
 
 } // namespace mvsim

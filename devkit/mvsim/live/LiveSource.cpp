@@ -17,27 +17,25 @@ namespace mvsim
 namespace
 {
 
-constexpr std::uint16_t ADAPTER_MODEL = 1;   // the machine itself
-constexpr std::uint16_t MAX_BUFFER_KB = 128; // room for 255 of every device
+constexpr std::uint16_t ADAPTER_MODEL = 1; // the machine itself
 constexpr std::size_t MOST_PORTS = 0xff;
 
-} // namespace
+// Callers count the entries that the largest answer holds in 16 bits. In multiples of this size what is left
+// of the counts of the two short records, 65534 disks and no fewer than 21844 logical drives, is enough for
+// all.
+constexpr std::size_t BUFFER_STEP_KB = 512;
+constexpr std::size_t MOST_DEVICES = 20000; // of either kind
 
-std::uint16_t NumberBook::numberOf(const std::string& identity, std::uint16_t wanted)
+// The size of the largest answer, in units of 1024 bytes, with room for one entry more than there are.
+std::uint16_t bufferFor(const Adapter& adapter)
 {
-    const auto known = m_numbers.find(identity);
-    if (known != m_numbers.end())
-        return known->second;
-    const auto taken = [this](std::uint16_t number) {
-        return std::any_of(m_numbers.begin(), m_numbers.end(),
-                           [number](const auto& entry) { return entry.second == number; });
-    };
-    std::uint16_t number = wanted;
-    for (std::uint16_t lowest = 0; taken(number) && lowest < 0xffff; ++lowest)
-        number = lowest;
-    m_numbers.emplace(identity, number);
-    return number;
+    const std::size_t needed =
+        sizeof(_Info_Request) + std::max((adapter.disks.size() + 1) * sizeof(_HD_Info),
+                                         (adapter.virtualDisks.size() + 1) * sizeof(_LD_Info));
+    return static_cast<std::uint16_t>((needed / (BUFFER_STEP_KB * 1024) + 1) * BUFFER_STEP_KB);
 }
+
+} // namespace
 
 LiveSource::LiveSource(const std::string& sysfsRoot, std::string stateFile)
     : m_root(sysfsRoot), m_stateFile(std::move(stateFile))
@@ -49,6 +47,9 @@ LiveSource::LiveSource(const std::string& sysfsRoot, std::string stateFile)
 SeenMachine LiveSource::look()
 {
     SeenMachine machine = judgeArrays(probeDisks(m_root), probeArrays(m_root));
+    machine.disks.resize(std::min(machine.disks.size(), MOST_DEVICES));
+    machine.arrays.resize(std::min(machine.arrays.size(), MOST_DEVICES));
+    m_twins.tellApart(machine.disks);
     for (SeenDisk& disk : machine.disks) {
         const std::uint16_t number = m_diskNumbers.numberOf(disk.identity);
         setNumbers(disk.device, number, number);
@@ -64,7 +65,6 @@ Adapter LiveSource::adapterOf(const SeenMachine& machine) const
 {
     Adapter adapter;
     adapter.info.AdapterModel = ADAPTER_MODEL;
-    adapter.info.MaxBufferSizeKB = MAX_BUFFER_KB;
     adapter.info.PortCount =
         static_cast<std::uint8_t>(std::min(m_root.below("class/scsi_host").entries().size(), MOST_PORTS));
     adapter.oem.RomMajor = 1;
@@ -72,6 +72,7 @@ Adapter LiveSource::adapterOf(const SeenMachine& machine) const
         adapter.disks.push_back(disk.device);
     for (const SeenArray& array : machine.arrays)
         adapter.virtualDisks.push_back(array.device);
+    adapter.info.MaxBufferSizeKB = bufferFor(adapter);
     return adapter;
 }
 

@@ -3,26 +3,16 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
 #define ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
 
+#include "mvsim/live/NumberBook.h"
 #include "mvsim/live/SeenMachine.h"
 #include "mvsim/live/SysfsFolder.h"
+#include "mvsim/live/TwinBook.h"
 #include "mvsim/model/ISource.h"
 
-#include <map>
 #include <string>
 
 namespace mvsim
 {
-
-// Gives each identity a number and never another one, as long as it lives.
-class NumberBook
-{
-  public:
-    // `wanted` if it is free; otherwise the lowest number that is.
-    std::uint16_t numberOf(const std::string& identity, std::uint16_t wanted = 0);
-
-  private:
-    std::map<std::string, std::uint16_t> m_numbers;
-};
 
 class LiveSource : public ISource
 {
@@ -44,6 +34,7 @@ class LiveSource : public ISource
 
     SysfsFolder m_root;
     std::string m_stateFile;
+    TwinBook m_twins;
     NumberBook m_diskNumbers;
     NumberBook m_arrayNumbers;
     SeenMachine m_seen;

@@ -2,7 +2,8 @@
 
 #include "mvsim/model/EventCodes.h"
 
-#include <algorithm>
+#include <map>
+#include <utility>
 
 namespace mvsim
 {
@@ -37,15 +38,26 @@ class EventList
     std::vector<PendingEvent> m_events;
 };
 
-// The same device as `wanted`; null when it is not there.
+// Finds the devices of one look by their ids.
 template <class Seen>
-const Seen* find(const std::vector<Seen>& all, const Seen& wanted)
+class SeenIndex
 {
-    const auto found = std::find_if(all.begin(), all.end(), [&wanted](const Seen& seen) {
-        return idOf(seen.device) == idOf(wanted.device);
-    });
-    return found == all.end() ? nullptr : &*found;
-}
+  public:
+    explicit SeenIndex(const std::vector<Seen>& all)
+    {
+        for (const Seen& seen : all)
+            m_byId.emplace(idOf(seen.device), &seen);
+    }
+    // Null when it is not there.
+    const Seen* find(const Seen& wanted) const
+    {
+        const auto found = m_byId.find(idOf(wanted.device));
+        return found == m_byId.end() ? nullptr : found->second;
+    }
+
+  private:
+    std::map<std::uint16_t, const Seen*> m_byId;
+};
 
 void compareDisk(std::uint8_t before, const SeenDisk& disk, EventList& events)
 {
@@ -72,37 +84,50 @@ bool isWhole(std::uint8_t status)
     return status == MV_DRIVE_OPTIMAL || status == MV_DRIVE_CHECKING || status == MV_DRIVE_INITIALISING;
 }
 
-bool isLost(std::uint8_t status)
+// Serves all its data, but not from all its disks.
+bool isReduced(std::uint8_t status)
 {
-    return status == MV_DRIVE_FAILED || status == MV_DRIVE_OFFLINE;
+    return status == MV_DRIVE_DEGRADED || status == MV_DRIVE_REBUILDING;
 }
 
-void compareArray(std::uint8_t before, const SeenArray& array, EventList& events)
+void compareArray(const SeenArray& known, const SeenArray& array, EventList& events)
 {
+    const std::uint8_t before = known.device.info.LDStatus;
     const std::uint8_t now = array.device.info.LDStatus;
-    if (now == before)
-        return;
-    if (isWhole(now)) {
-        if (before == MV_DRIVE_REBUILDING)
-            events.addArray(REBUILD_COMPLETED, array);
-        else if (before == MV_DRIVE_CHECKING)
-            events.addArray(CHECK_COMPLETED, array);
-        else if (before == MV_DRIVE_INITIALISING)
-            events.addArray(INITIALISATION_COMPLETED, array);
-        if (!isWhole(before))
-            events.addArray(VIRTUAL_DISK_RECOVERED, array);
-        if (now == MV_DRIVE_CHECKING)
-            events.addArray(CHECK_STARTED, array);
-    } else if (isLost(now)) {
-        if (!isLost(before))
-            events.addArray(VIRTUAL_DISK_FAILED, array);
-    } else {
-        // A rebuild may have begun before anybody looked: the array was degraded all the same.
-        if (before != MV_DRIVE_DEGRADED)
-            events.addArray(VIRTUAL_DISK_DEGRADED, array);
-        if (now == MV_DRIVE_REBUILDING)
-            events.addArray(REBUILD_STARTED, array);
-    }
+    const auto begins = [before, now](std::uint8_t status) { return before != status && now == status; };
+    const bool whole = isWhole(now);
+    const bool finished = whole && before != now;
+    // One of several missing members can be rebuilt before the next.
+    const bool rebuilt =
+        before == MV_DRIVE_REBUILDING && (whole || (isReduced(now) && array.missing < known.missing));
+    // Also when a rebuild ends without success, or begins before anybody saw the array without its disk.
+    const bool reduced = isReduced(now) && (array.missing > known.missing || !isReduced(before) ||
+                                            (begins(MV_DRIVE_DEGRADED) && !rebuilt));
+    const struct {
+        bool happened;
+        std::uint16_t code;
+    } CHANGES[] = {
+        {rebuilt, REBUILD_COMPLETED},
+        {finished && before == MV_DRIVE_CHECKING, CHECK_COMPLETED},
+        {finished && before == MV_DRIVE_INITIALISING, INITIALISATION_COMPLETED},
+        {whole && !isWhole(before), VIRTUAL_DISK_RECOVERED},
+        {begins(MV_DRIVE_CHECKING), CHECK_STARTED},
+        {begins(MV_DRIVE_FAILED), VIRTUAL_DISK_FAILED},
+        {reduced, VIRTUAL_DISK_DEGRADED},
+        {now == MV_DRIVE_REBUILDING && (begins(now) || rebuilt), REBUILD_STARTED},
+    };
+    for (const auto& change : CHANGES)
+        if (change.happened)
+            events.addArray(change.code, array);
+}
+
+// Whether an array is being given another level or number of disks, or has got another size.
+bool isReshaped(const SeenArray& before, const SeenArray& now)
+{
+    const _LD_Info& was = before.device.info;
+    const _LD_Info& is = now.device.info;
+    return before.reshaping != now.reshaping || was.RaidMode != is.RaidMode ||
+           was.StripeSize != is.StripeSize || was.SizeKB != is.SizeKB;
 }
 
 void compareProgress(const SeenArray& before, const SeenArray& now, EventList& events)
@@ -118,31 +143,37 @@ void compareProgress(const SeenArray& before, const SeenArray& now, EventList& e
 std::vector<PendingEvent> changesBetween(const SeenMachine& before, const SeenMachine& after)
 {
     EventList events;
-    bool released = false;
+    bool changed = false;
+    const SeenIndex disksBefore(before.disks);
+    const SeenIndex disksAfter(after.disks);
     for (const SeenDisk& disk : before.disks)
-        if (find(after.disks, disk) == nullptr)
+        if (disksAfter.find(disk) == nullptr)
             events.addDisk(DISK_REMOVED, disk);
     for (const SeenDisk& disk : after.disks) {
-        const SeenDisk* known = find(before.disks, disk);
+        const SeenDisk* known = disksBefore.find(disk);
         if (known == nullptr)
             events.addDisk(DISK_INSERTED, disk);
         const std::uint8_t status =
             known != nullptr ? known->device.raidStatus.RaidStatusFlags : MV_DISK_READY;
         compareDisk(status, disk, events);
-        released = released || wasReleased(status, disk);
+        changed = changed || wasReleased(status, disk);
     }
+    const SeenIndex arraysBefore(before.arrays);
+    const SeenIndex arraysAfter(after.arrays);
     for (const SeenArray& array : before.arrays)
-        if (find(after.arrays, array) == nullptr)
+        if (arraysAfter.find(array) == nullptr)
             events.addArray(VIRTUAL_DISK_DELETED, array);
     for (const SeenArray& array : after.arrays) {
-        const SeenArray* known = find(before.arrays, array);
+        const SeenArray* known = arraysBefore.find(array);
         if (known == nullptr)
             events.addArray(VIRTUAL_DISK_CREATED, array);
-        compareArray(known != nullptr ? known->device.info.LDStatus : MV_DRIVE_OPTIMAL, array, events);
-        if (known != nullptr)
+        compareArray(known != nullptr ? *known : SeenArray{}, array, events); // a new one starts as optimal
+        if (known != nullptr) {
             compareProgress(*known, array, events);
+            changed = changed || isReshaped(*known, array);
+        }
     }
-    if (released)
+    if (changed)
         events.add(MV_EVENT_CONTROLLER, CONTROLLER_CONFIG_CHANGED, 0);
     return events.take();
 }

@@ -23,7 +23,9 @@ struct SeenArray {
     std::string name;                     // such as "md127"
     std::optional<std::uint16_t> minor;   // of its device number
     std::optional<unsigned int> progress; // of a rebuild or check, in percent
-    VirtualDisk device;                   // id and logical drive number are not known yet
+    std::uint64_t missing = 0;            // members that are not there or not in sync
+    bool reshaping = false;
+    VirtualDisk device; // id and logical drive number are not known yet
 };
 
 struct SeenMachine {
