@@ -84,25 +84,52 @@ void raiseStatus(Disk& disk, std::uint8_t flag)
     }
 }
 
+bool always(const MdMember&, const MdArray&)
+{
+    return true;
+}
+
+bool ofContainer(const MdMember&, const MdArray& array)
+{
+    return isContainer(array);
+}
+
+bool ofUnstarted(const MdMember&, const MdArray& array)
+{
+    return array.state == "inactive";
+}
+
+bool hasPlace(const MdMember& member, const MdArray&)
+{
+    return member.slot.has_value();
+}
+
+// What a member is: the first row that fits. Where no word stands, all words fit.
+struct Role {
+    const char* word;
+    bool (*fits)(const MdMember& member, const MdArray& array);
+    std::uint8_t status;
+};
+
+constexpr Role ROLES[] = {
+    {"faulty", always, MV_DISK_BAD},
+    {"", ofContainer, MV_DISK_SPARE}, // if it is in an array inside as well, that weighs more
+    {"journal", always, MV_DISK_IN_ARRAY},
+    {"in_sync", always, MV_DISK_IN_ARRAY},
+    {"", hasPlace, MV_DISK_IN_ARRAY},    // being rebuilt, although still called a spare
+    {"", ofUnstarted, MV_DISK_IN_ARRAY}, // calls all its members spares
+    {"", always, MV_DISK_SPARE},
+};
+
 std::uint8_t statusOf(const MdMember& member, const MdArray& array)
 {
-    struct Role {
-        const char* word;
-        std::uint8_t status;
-    };
-    // The first that fits. A journal holds data of the array, which is lost with it.
-    constexpr Role ROLES[] = {
-        {"faulty", MV_DISK_BAD}, {"journal", MV_DISK_IN_ARRAY}, {"in_sync", MV_DISK_IN_ARRAY}};
-    const auto* role = std::find_if(std::begin(ROLES), std::end(ROLES), [&member](const Role& candidate) {
-        return devkit::hasWord(member.state, candidate.word);
-    });
-    if (isContainer(array))
-        return role == ROLES ? MV_DISK_BAD : MV_DISK_SPARE; // what the arrays inside make of it weighs more
-    if (role != std::end(ROLES))
-        return role->status;
-    // A disk being rebuilt is still called a spare, but it has its place; and while an array does not run, it
-    // calls all its members so.
-    return member.slot || array.state == "inactive" ? MV_DISK_IN_ARRAY : MV_DISK_SPARE;
+    return std::find_if(std::begin(ROLES), std::end(ROLES),
+                        [&](const Role& role) {
+                            const std::string_view word = role.word;
+                            return (word.empty() || devkit::hasWord(member.state, word)) &&
+                                   role.fits(member, array);
+                        })
+        ->status;
 }
 
 // What a member gives to its array. The disks of a container give it to the arrays inside.
@@ -116,7 +143,9 @@ std::uint64_t takenKB(const MdMember& member, const MdArray& array)
 
 enum class Redundancy { Whole, Reduced, Lost };
 
-// What an array is like: the first row that fits. Where nothing stands, everything fits.
+// What an array is like: the first row that fits. Where nothing stands, everything fits. A planned exchange
+// of a disk is a recovery with nothing missing, and as good as a whole array; so is one that gets another
+// shape.
 struct Condition {
     const char* state;
     std::optional<Redundancy> redundancy;
@@ -133,10 +162,7 @@ constexpr Condition CONDITIONS[] = {
     {"", {}, "resync", MV_DRIVE_INITIALISING},
     {"", {}, "check", MV_DRIVE_CHECKING},
     {"", {}, "repair", MV_DRIVE_CHECKING},
-    {"",
-     {},
-     "",
-     MV_DRIVE_OPTIMAL}, // also while a disk is exchanged as planned, or the array gets another shape
+    {"", {}, "", MV_DRIVE_OPTIMAL},
 };
 
 std::uint8_t statusOf(const MdArray& array, std::uint64_t missing)
