@@ -6,6 +6,7 @@
 #include "common/StandIns.h"
 #include "mvsim/api/mvsim_control.h"
 #include "mvsim/model/EventCodes.h"
+#include "mvsim/scenario/RecordCodes.h"
 #include <mv.h>
 
 #include <gmock/gmock.h>
@@ -43,6 +44,14 @@ struct Answer {
                            [](unsigned char byte) { return byte == UNTOUCHED; });
     }
 };
+
+// A code of the records in the words of scenarios.
+inline std::string wordOf(mvsim::Words words, unsigned int value)
+{
+    const auto found = std::find_if(words.begin(), words.end(),
+                                    [value](const mvsim::Word& word) { return word.value == value; });
+    return found == words.end() ? std::to_string(value) : found->text;
+}
 
 using ListCall = unsigned int (*)(unsigned char, _Info_Request*);
 

@@ -1,7 +1,6 @@
 // The live source against captured machines: sysfs trees built in a folder, and changed between polls. The
 // stories in live/ are played line by line; what comes of a line follows it behind a ">".
 #include "mvsim/SimTest.h"
-#include "mvsim/scenario/RecordCodes.h"
 
 #include <sstream>
 
@@ -9,14 +8,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-std::string wordOf(mvsim::Words words, unsigned int value)
-{
-    for (const mvsim::Word& word : words)
-        if (word.value == value)
-            return word.text;
-    return std::to_string(value);
-}
 
 template <std::size_t N>
 std::string text(const char (&field)[N])

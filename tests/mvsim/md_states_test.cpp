@@ -1,54 +1,17 @@
-// What the live source makes of everything that md can say. Each line of md-states.txt is a machine of one
-// array and, behind the colon, its members; behind the ">" stands what is shown of both.
-#include "common/TempFolder.h"
+// What the live source makes of everything that md can say. Each line of md-states.txt is an array with its
+// members; behind the ">" stands what is shown of them.
 #include "mvlayer/VendorBuffer.h"
+#include "mvsim/SimTest.h"
 #include "mvsim/live/ArrayJudge.h"
 #include "mvsim/live/LiveSource.h"
-#include "mvsim/scenario/RecordCodes.h"
 
-#include <gmock/gmock.h>
-
-#include <filesystem>
+#include <map>
 #include <sstream>
 
 namespace
 {
 
 constexpr std::uint64_t DISK_KB = 1000;
-
-std::string wordOf(mvsim::Words words, unsigned int value)
-{
-    for (const mvsim::Word& word : words) {
-        if (word.value == value)
-            return word.text;
-    }
-    return std::to_string(value);
-}
-
-// Sets what a word such as "level=raid1" names.
-void setField(const std::string& word, mvsim::MdArray& array)
-{
-    const std::size_t equals = word.find('=');
-    const std::string name = word.substr(0, equals);
-    const std::string value = word.substr(equals + 1);
-    const std::pair<const char*, std::string*> TEXTS[] = {{"level", &array.level},
-                                                          {"metadata", &array.metadata},
-                                                          {"state", &array.state},
-                                                          {"action", &array.action}};
-    const std::pair<const char*, std::optional<std::uint64_t>*> NUMBERS[] = {
-        {"disks", &array.raidDisks},
-        {"degraded", &array.degraded},
-        {"layout", &array.layout},
-        {"component", &array.componentKB}};
-    for (const auto& [known, text] : TEXTS) {
-        if (name == known)
-            *text = value;
-    }
-    for (const auto& [known, number] : NUMBERS) {
-        if (name == known)
-            *number = std::stoull(value, nullptr, 0);
-    }
-}
 
 // "b@1=in_sync,write_mostly": disk b in place 1; "-" stands for no place. All give 800 KB.
 mvsim::MdMember member(const std::string& word)
@@ -65,12 +28,12 @@ mvsim::MdMember member(const std::string& word)
 std::string shown(const std::string& machine)
 {
     std::istringstream words(machine);
+    std::map<std::string, std::string> told;
     mvsim::MdArray array;
-    array.name = "md0";
     std::vector<mvsim::SeenDisk> disks;
     for (std::string word; words >> word;) {
         if (word.find('@') == std::string::npos) {
-            setField(word, array);
+            told[word.substr(0, word.find('='))] = word.substr(word.find('=') + 1);
             continue;
         }
         array.members.push_back(member(word));
@@ -78,6 +41,18 @@ std::string shown(const std::string& machine)
         disks.back().device.info.SizeKB = DISK_KB;
         disks.back().device.raidStatus.RaidStatusFlags = MV_DISK_READY;
     }
+    const auto number = [&told](const char* name) {
+        return told.count(name) != 0 ? std::optional(std::stoull(told[name], nullptr, 0)) : std::nullopt;
+    };
+    array.name = "md0";
+    array.level = told["level"];
+    array.metadata = told["metadata"];
+    array.state = told["state"];
+    array.action = told["action"];
+    array.raidDisks = number("disks");
+    array.degraded = number("degraded");
+    array.layout = number("layout");
+    array.componentKB = number("component");
     std::ostringstream text;
     const mvsim::SeenMachine seen = mvsim::judgeArrays(disks, {array});
     for (const mvsim::SeenArray& drive : seen.arrays) {
@@ -130,17 +105,6 @@ TEST(LiveSource, TheListsOfLargeMachinesFit)
         EXPECT_NE(stg::ListBuffer<_LD_Info>(largest).entry(arrays), nullptr);
         EXPECT_NE(stg::ListBuffer<_LD_Config>(largest).entry(arrays), nullptr);
     }
-}
-
-TEST(NumberBook, TheLowestFreeNumberAlsoBehindThoseAskedFor)
-{
-    mvsim::NumberBook book;
-    const std::pair<const char*, std::uint16_t> WANTED[] = {{"a", 1}, {"b", 0}, {"c", 1},
-                                                            {"d", 7}, {"e", 0}, {"c", 7}};
-    std::vector<std::uint16_t> given;
-    for (const auto& [identity, wanted] : WANTED)
-        given.push_back(book.numberOf(identity, wanted));
-    EXPECT_THAT(given, testing::ElementsAre(1, 0, 2, 7, 3, 2));
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "mvsim/model/EventCodes.h"
 
 #include <map>
-#include <tuple>
 #include <utility>
 
 namespace mvsim
@@ -125,11 +124,10 @@ void compareArray(const SeenArray& known, const SeenArray& array, EventList& eve
 // Whether an array is being given another level or number of disks, or has got another size.
 bool isReshaped(const SeenArray& before, const SeenArray& now)
 {
-    const auto shape = [](const SeenArray& array) {
-        const _LD_Info& info = array.device.info;
-        return std::make_tuple(array.reshaping, info.RaidMode, info.StripeSize, info.SizeKB);
-    };
-    return shape(before) != shape(now);
+    const _LD_Info& was = before.device.info;
+    const _LD_Info& is = now.device.info;
+    return before.reshaping != now.reshaping || was.RaidMode != is.RaidMode ||
+           was.StripeSize != is.StripeSize || was.SizeKB != is.SizeKB;
 }
 
 void compareProgress(const SeenArray& before, const SeenArray& now, EventList& events)
