@@ -74,20 +74,4 @@ TEST_F(ObserverTest, PassesWhatIsMappedAndNewerThanTheStoredNumber)
     }
 }
 
-TEST_F(ObserverTest, ABatchGoesOnBehindAnAlertThatCannotBeSent)
-{
-    writeMapping("[VirtualDevice]\n1=2057\n");
-    CMarvelAlert first, second;
-    fill(first, MV_EVENT_VIRTUAL_DISK, 1, 7, 9);
-    fill(second, MV_EVENT_VIRTUAL_DISK, 1, 65535, 6);
-    std::vector<CAlert*> batch{&first, &second};
-    ral_fail_call("RalSendNotification", 1, 1, 5);
-    Observer observer;
-    observer.updateMyself(batch);
-    EXPECT_THAT(observer.m_actions,
-                testing::ElementsAre(Observer::Action{2057, SDO_OBJTYPE_VIRTUAL_DISK, 101, 1, 7},
-                                     Observer::Action{2057, SDO_OBJTYPE_VIRTUAL_DISK, 101, 1, 65535}));
-    EXPECT_EQ(CMarvelEvtObserver::m_CurEventSeqNum, 6U) << "the last that passed, downward too";
-}
-
 } // namespace

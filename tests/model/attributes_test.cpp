@@ -162,21 +162,4 @@ TEST_F(AttributeTest, EntriesStayUntilTheyAreRemoved)
     EXPECT_EQ(controller.getAttribValueMap()->size() + disk.getPdAttribValueMap()->size(), 0U);
 }
 
-TEST_F(AttributeTest, AFlagIsOneByteAndTwoAttributesOfADiskAreLeftOutOfCopies)
-{
-    unsigned int number = 0xFFFFFF06, flag = 0xFFFFFF01;
-    stg::AttribValMap given{{"m_bAlarmState", &flag}, {"m_VendorID", nullptr}, {"m_Unheard", &flag}};
-    CMarvellController controller;
-    controller = given;
-    EXPECT_TRUE(controller.getAlarmState());
-    EXPECT_THAT(*controller.getAttribValueMap(), ElementsAre(Key("m_bAlarmState")));
-
-    given = {{"m_pdFailurePredicted", &number}, {"m_pdEncryptionCap", &number}};
-    CPhysicalDevice disk;
-    disk = given;
-    const CPhysicalDevice copy(disk);
-    EXPECT_TRUE(disk.getFailurePredicted() == number && disk.getEncryptionCap() == number);
-    EXPECT_TRUE(copy.getFailurePredicted() != number && copy.getEncryptionCap() != number);
-}
-
 } // namespace

@@ -137,27 +137,6 @@ TEST_F(LayerTest, ReadsTheLowByteAndNamesErrors)
     }
 }
 
-// Lists are sized by the adapter's largest answer, in 32 bits, and their counts are cut to 16.
-TEST_F(LayerTest, SizesItsLists)
-{
-    using Case = std::array<unsigned int, 5>;
-    for (const auto& [maxBufferKB, diskInfo, diskConfig, driveInfo, driveConfig] :
-         {Case{0, 16912, 65534, 3360, 43690}, Case{1, 4, 126, 3, 42}, Case{2, 8, 254, 6, 84},
-          Case{65535, 8452, 65406, 18481, 43647}}) {
-        play("", maxBufferKB);
-        const auto line = [](const std::string& call, unsigned int count) {
-            return "MV_" + call + "(0, list from 0, " + std::to_string(count - 1) + ") = 0, 0 entries";
-        };
-        disks("");
-        drives("");
-        const std::string count = "MV_Adapter_GetCount() = 1", info = "MV_Adapter_GetInfo(0) = 0";
-        EXPECT_THAT(vendorCalls(),
-                    ElementsAre(count, info, line("PD_GetHDInfo_Ext", diskInfo),
-                                line("PD_GetConfig", diskConfig), info, line("LD_GetInfo", driveInfo),
-                                line("LD_GetConfig", driveConfig)));
-    }
-}
-
 // A call that fails although it fills its answer; lists that claim so many entries.
 std::string fails(const std::string& call)
 {

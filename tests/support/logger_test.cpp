@@ -69,19 +69,6 @@ TEST_F(CriticalSectionTest, MakesTheMutexOnceAndAgainAfterItsEnd)
     EXPECT_EQ(morlan_call_count("SMMutexUnLock"), 3U);
 }
 
-TEST(TextToolsTest, TrimsBlanksThenTabsOnceEach)
-{
-    struct Case {
-        std::string text, trimmed;
-    };
-    for (const Case& c :
-         {Case{"\t x", " x"}, Case{" \tx y\t ", "x y"}, Case{" \t ", ""}, Case{"\r\n", "\r\n"}}) {
-        std::string text = c.text;
-        EXPECT_EQ(stg::removeBeginingAndTrailingSpaces(text), c.trimmed);
-        EXPECT_EQ(text, c.trimmed) << "in place";
-    }
-}
-
 TEST(TextToolsTest, ReadsNumbersAsA32BitLibraryDoes)
 {
     struct Case {
