@@ -5,6 +5,7 @@
 
 #include <ral.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
@@ -12,7 +13,7 @@ namespace
 {
 
 thread_local unsigned int t_nth = 0; // this allocation from now on fails; 0: none
-std::size_t g_taken = 0;             // bytes
+std::atomic<std::size_t> g_taken{0}; // bytes
 
 void* take(std::size_t size)
 {
@@ -79,6 +80,7 @@ TEST_F(LimitsTest, AScenarioThatTakesTooMuchIsRefused)
         std::string message;
     } rows[] = {
         {repeated(100000, "["), "/0/0/0: expected at most 32 brackets within each other, found more"},
+        {FRAME + std::string("], \"a\u202eb\": 2}"), ": /a\\xe2\\x80\\xaeb: expected one of the keys"},
         {R"({"name": )" + repeated(100000, "[") + repeated(100000, "]") + "}", "at most 32 brackets"},
         {FRAME + repeated(2, FULL_ADAPTER) + "]}",
          "/adapters/1: expected at most 250000 devices on all adapters, found 262140"},

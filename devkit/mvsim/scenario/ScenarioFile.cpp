@@ -1,5 +1,6 @@
 #include "mvsim/scenario/ScenarioFile.h"
 
+#include "common/Utf8.h"
 #include "common/files.h"
 #include "mvsim/scenario/ScenarioReader.h"
 
@@ -132,7 +133,7 @@ Scenario loadScenarioFile(const std::string& file)
     try {
         return readScenario(Document(parseStrictly(readWhole(file))));
     } catch (const FormatError& error) {
-        throw std::runtime_error(file + ": " + error.what());
+        throw std::runtime_error(file + ": " + devkit::escaped(error.what()));
     }
 }
 
