@@ -8,10 +8,12 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace
 {
 
+unsigned int t_armed = 0;            // becomes t_nth
 thread_local unsigned int t_nth = 0; // this allocation from now on fails; 0: none
 std::atomic<std::size_t> g_taken{0}; // bytes
 
@@ -32,15 +34,7 @@ void* operator new(std::size_t size)
     void* const memory = take(size);
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
-void* operator new[](std::size_t size)
-{
-    return operator new(size);
-}
 void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept
 {
     std::free(memory);
 }
@@ -48,11 +42,6 @@ void operator delete(void* memory, std::size_t /*size*/) noexcept
 {
     std::free(memory);
 }
-void operator delete[](void* memory, std::size_t /*size*/) noexcept
-{
-    std::free(memory);
-}
-
 namespace
 {
 
@@ -116,158 +105,88 @@ TEST_F(LimitsTest, ATimelineTakesTheRoomOfItsChangesAndStartsOver)
     }
 }
 
-void ignoreText(void* /*context*/, const char* /*text*/) {}
-
-// The three libraries as after load, with sinks, a little content and objects to call them with.
-class Things
+// Each makes calls of one library until one fails; true: none did.
+bool callMorlan(const TempFolder& folder, void* object)
 {
-  public:
-    explicit Things(const TempFolder& folder) : m_folder(folder)
-    {
-        reset();
-        morlan_set_private_ini(m_folder.path("f.ini").c_str());
-        morlan_set_install_path("/installed/somewhere/else");
-        for (const auto set :
-             {morlan_set_call_sink, morlan_set_debug_sink, ral_set_call_sink, mvsim_set_call_sink})
-            set(ignoreText, nullptr);
-        ral_set_change_sink([](void*, ral_change, const void*, const void*) {}, nullptr);
-        ral_set_notification_sink([](void*, const void*) {}, nullptr);
-        mvsim_set_event_sink([](void*, const mvsim_event*) {}, nullptr);
-        EXPECT_EQ(RalInsertObject(copy(upper), nullptr), 0);
-        EXPECT_EQ(RalInsertObject(copy(lower), copy(upper)), 0);
-        EXPECT_EQ(loadScenario(), 0);
-    }
-    Things(const Things&) = delete;
-    Things& operator=(const Things&) = delete;
-    ~Things()
-    {
-        for (void* object : {upper, lower, other})
-            morlan_sdo_free(object);
-        reset();
-    }
+    const std::string ini = folder.path("f.ini");
+    t_nth = std::exchange(t_armed, 0);
+    morlan_set_install_path("/installed/where/nobody/looks");
+    morlan_set_private_ini(ini.c_str());
+    DebugPrint("text");
+    void* const string = sm_create();
+    bool works = GetIniFilePath(string) == 0 && sm_strlen(string) == 29;
+    sm_destroy(string);
+    sm_destroy(string); // where the first one lacked memory
+    void* const mutex = SMMutexCreate(0);
+    works = SMMutexLock(mutex, 0) == 0 && SMMutexUnLock(mutex) == 0 && SMMutexDestroy(mutex) == 0 && works;
+    void* const thread = SMThreadStart([](void*) {}, nullptr);
+    works = SMThreadStop(thread) == 0 && works;
+    char value[100];
+    unsigned int size = sizeof value;
+    works = SMWriteINIPathFileValue("Section", "k", 0, "1", 2, ini.c_str(), 0) == 0 && works &&
+            SSGetPrivateIniValue("Section", "k", value, &size) == 0;
+    void* const nested = SMSDOConfigAlloc();
+    void* const clone = SMSDOConfigClone(object);
+    if (SMSDOConfigAddData(clone, 9, SDO_TYPE_SDOCONFIG, nested, 0, 1) != 0)
+        works = (SMSDOConfigFree(nested), false);
+    return SMSDOConfigFree(clone) == 0 && works && morlan_fail_call("SMLibLoad", 1, 1, 1) == 0;
+}
 
-    static void* copy(const void* object) { return morlan_sdo_clone(object); }
-    int loadScenario() const { return mvsim_load_scenario(scenario.c_str(), nullptr, 0); }
-    static void reset()
-    {
-        morlan_reset();
-        ral_reset();
-        mvsim_reset();
-    }
-
-  private:
-    const TempFolder& m_folder;
-
-  public:
-    void* const upper = makeObject({{SSPROP_OBJTYPE_U32, 1}, {7, 1}});
+bool callRal(const TempFolder& /*folder*/, void* object)
+{
     void* const lower = makeObject({{SSPROP_OBJTYPE_U32, 2}, {7, 2}});
-    void* const other = makeObject({{SSPROP_OBJTYPE_U32, 3}, {7, 3}});
-    const std::string ini = m_folder.path("f.ini");
-    const std::string scenario = m_folder.path("scenario.json");
-    const std::string root = m_folder.path();
-};
+    t_nth = std::exchange(t_armed, 0);
+    void** list = nullptr;
+    unsigned int count = 0;
+    bool works = RalInsertObject(morlan_sdo_clone(object), nullptr) == 0 &&
+                 RalInsertObject(morlan_sdo_clone(lower), morlan_sdo_clone(object)) == 0 &&
+                 RalLinkObjects(object, lower) == 0 &&
+                 RalListAssociatedObjects(object, 2, &list, &count) == 0;
+    works = RalListFree(list, count) == 0 && works && RalSendNotification(morlan_sdo_clone(lower)) == 0;
+    ral_snapshot* const snapshot = ral_snapshot_create();
+    works = works && ral_snapshot_count(snapshot) == 2 && RalDeleteObject(object, 0, 0) == 0;
+    ral_snapshot_destroy(snapshot);
+    morlan_sdo_free(lower);
+    return works && ral_object_identity(object, nullptr, 0) != 0 &&
+           ral_fail_call("RalListFree", 9, 1, 1) == 0;
+}
 
-constexpr struct {
-    const char* name;
-    bool (*works)(const Things& things);
-} BORDERS[] = {
-    {"strings",
-     [](const Things&) {
-         void* const string = sm_create();
-         const bool read = GetIniFilePath(string) == 0 && sm_strlen(string) == 25;
-         sm_destroy(string);
-         sm_destroy(string); // where the first one lacked memory
-         return read;
-     }},
-    {"threads",
-     [](const Things&) {
-         void* const mutex = SMMutexCreate(0);
-         void* const thread = SMThreadStart([](void* held) { SMMutexLock(held, 0); }, nullptr);
-         const bool locked = SMMutexLock(mutex, 0) == 0 && SMMutexUnLock(mutex) == 0;
-         SMMutexDestroy(mutex);
-         return (thread == nullptr || SMThreadStop(thread) == 0) && thread != nullptr && locked;
-     }},
-    {"files",
-     [](const Things& things) {
-         char value[100];
-         unsigned int size = sizeof value;
-         DebugPrint("text");
-         return SMWriteINIPathFileValue("Section", "k", 0, "1", 2, things.ini.c_str(), 0) == 0 &&
-                SSGetPrivateIniValue("Section", "k", value, &size) == 0 && SMLibLoad("none") == nullptr;
-     }},
-    {"plans",
-     [](const Things&) {
-         morlan_set_install_path("/installed/where/nobody/looks");
-         return morlan_fail_call("SMLibLoad", 1, 1, 1) == 0 && ral_fail_call("RalListFree", 9, 1, 1) == 0 &&
-                mvsim_fail_call("MV_API_Version", 1, 1, 1) == 0;
-     }},
-    {"objects",
-     [](const Things& things) {
-         void* const nested = SMSDOConfigAlloc();
-         void* const object = SMSDOConfigClone(things.upper);
-         const bool isIn = SMSDOConfigAddData(object, 9, SDO_TYPE_SDOCONFIG, nested, 0, 1) == 0;
-         if (!isIn)
-             SMSDOConfigFree(nested);
-         return SMSDOConfigFree(object) == 0 && isIn;
-     }},
-    {"insertion",
-     [](const Things& things) {
-         return RalInsertObject(Things::copy(things.other), Things::copy(things.upper)) == 0 &&
-                RalInsertObject(Things::copy(things.lower), nullptr) == 0;
-     }},
-    {"deletion", [](const Things& things) { return RalDeleteObject(things.upper, 0, 0) == 0; }},
-    {"links and lists",
-     [](const Things& things) {
-         void** list = nullptr;
-         unsigned int count = 0;
-         return RalLinkObjects(things.upper, things.lower) == 0 &&
-                RalListAssociatedObjects(things.upper, 2, &list, &count) == 0 &&
-                RalListFree(list, count) == 0 && count == 1;
-     }},
-    {"notification",
-     [](const Things& things) { return RalSendNotification(Things::copy(things.other)) == 0; }},
-    {"snapshot",
-     [](const Things& things) {
-         ral_snapshot* const snapshot = ral_snapshot_create();
-         const bool whole = ral_snapshot_count(snapshot) == 2;
-         ral_snapshot_destroy(snapshot);
-         return whole && ral_object_identity(things.upper, nullptr, 0) != 0;
-     }},
-    // Not a scenario: the parser's values take memory as they go.
-    {"the machine",
-     [](const Things& things) { return mvsim_load_live(things.root.c_str(), nullptr, nullptr, 0) == 0; }},
-    {"entry points",
-     [](const Things&) {
-         _Adapter_Info info{};
-         _Info_Request request{};
-         unsigned int count = 0;
-         _Event event{};
-         return MV_Adapter_GetInfo(0, nullptr, &info) == 0 && MV_PD_GetHDInfo_Ext(0, &request) != 0 &&
-                MV_EVT_GetEvent(0, 1, &count, &event) == 0 && mvsim_polls() != 0;
-     }},
-};
-
-TEST(BordersTest, NoLackOfMemoryCrossesThem)
+// No scenario is loaded without memory: the parser's values take some as they go.
+bool callMvsim(const TempFolder& folder, void* /*object*/)
 {
-    const TempFolder folder;
-    folder.write("f.ini", "[Section]\n");
-    std::filesystem::create_directory(folder.path("block"));
-    folder.write("scenario.json", FRAME + std::string(ADAPTER) +
-                                      R"(], "timeline": [{"poll": 1, "events": [{"code": "diskOnline"}]}]})");
-    for (const auto& row : BORDERS) {
-        SCOPED_TRACE(row.name);
+    mvsim_load_scenario(folder.path("scenario.json").c_str(), nullptr, 0);
+    const std::string root = folder.path();
+    t_nth = std::exchange(t_armed, 0);
+    _Adapter_Info info{};
+    unsigned int count = 0;
+    _Event event{};
+    return MV_Adapter_GetInfo(0, nullptr, &info) == 0 && MV_EVT_GetEvent(0, 1, &count, &event) == 0 &&
+           mvsim_polls() == 1 && mvsim_load_live(root.c_str(), nullptr, nullptr, 0) == 0 &&
+           mvsim_fail_call("MV_API_Version", 1, 1, 1) == 0;
+}
+
+TEST_F(LimitsTest, NoLackOfMemoryCrossesACBorder)
+{
+    m_folder.write("f.ini", "[Section]\n");
+    std::filesystem::create_directory(m_folder.path("block"));
+    m_folder.write("scenario.json",
+                   FRAME + std::string(ADAPTER) +
+                       R"(], "timeline": [{"poll": 1, "events": [{"code": "diskOnline"}]}]})");
+    for (const auto call : {callMorlan, callRal, callMvsim}) {
         bool struck = true;
         for (unsigned int nth = 1; struck; ++nth) {
-            {
-                const Things things(folder);
-                t_nth = nth;
-                bool worked = row.works(things);
-                struck = t_nth == 0;
-                t_nth = 0;
-                if (struck && !worked)
-                    worked = row.works(things);
-                EXPECT_TRUE(worked) << "after allocation " << nth << " failed";
-            }
+            for (const auto set :
+                 {morlan_set_call_sink, morlan_set_debug_sink, ral_set_call_sink, mvsim_set_call_sink})
+                set([](void*, const char*) {}, nullptr);
+            void* const object = makeObject({{SSPROP_OBJTYPE_U32, 1}, {7, 1}});
+            t_armed = nth;
+            const bool worked = call(m_folder, object);
+            struck = std::exchange(t_nth, 0) == 0;
+            EXPECT_TRUE(worked || struck);
+            morlan_sdo_free(object);
+            morlan_reset();
+            ral_reset();
+            mvsim_reset();
             EXPECT_EQ(morlan_live_sdo_objects() + morlan_live_strings() + morlan_live_mutexes() +
                           ral_live_lists(),
                       0U)
