@@ -6,10 +6,10 @@
 namespace devkit
 {
 
-FaultPlan::FaultPlan(std::initializer_list<Call> calls)
+FaultPlan::FaultPlan(std::initializer_list<const char*> calls)
 {
-    for (const Call& call : calls)
-        m_states.emplace(call.name, State{call.canFail, 0, {}});
+    for (const char* call : calls)
+        m_states.emplace(call, State{0, {}});
 }
 
 std::optional<int> FaultPlan::enter(std::string_view call)
@@ -29,7 +29,7 @@ bool FaultPlan::plan(const char* call, unsigned int nth, unsigned int count, int
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto found = call == nullptr ? m_states.end() : m_states.find(call);
-    if (found == m_states.end() || !found->second.canFail || nth == 0)
+    if (found == m_states.end() || nth == 0)
         return false;
     State& state = found->second;
     const unsigned long long first = state.calls + nth;

@@ -16,21 +16,15 @@ namespace devkit
 class FaultPlan
 {
   public:
-    struct Call {
-        const char* name; // kept, not copied
-        bool canFail;
-    };
-
-    // The library's calls; no others are known to the plan.
-    explicit FaultPlan(std::initializer_list<Call> calls);
+    // The names of the library's calls, kept and not copied; no others are known to the plan.
+    explicit FaultPlan(std::initializer_list<const char*> calls);
 
     // Counts one call and gives the status that it is to fail with, if it is to fail. Where several plans
     // meet at one call, the oldest decides. `call` has to be known.
     std::optional<int> enter(std::string_view call);
 
     // Of the calls of `call` from now on, the nth (from 1) and the count - 1 behind it fail with `status`,
-    // all of them for a count of 0. False, and nothing planned, for an unknown call, one that cannot fail, or
-    // an nth of 0.
+    // all of them for a count of 0. False, and nothing planned, for an unknown call or an nth of 0.
     bool plan(const char* call, unsigned int nth, unsigned int count, int status);
 
     // How often `call` was entered since construction or the last reset; 0 for an unknown one.
@@ -47,7 +41,6 @@ class FaultPlan
         int status;
     };
     struct State {
-        bool canFail;
         unsigned long long calls;
         std::vector<Fault> faults;
     };

@@ -122,8 +122,9 @@ FileRead readFile(const std::string& path, std::string& content, std::size_t lim
 
 const char* reasonOf(FileRead read)
 {
-    return read == FileRead::TooLarge ? "the file is larger than 1 MiB, which no configuration needs"
-                                      : "the file cannot be read";
+    return read == FileRead::TooLarge
+               ? "the file is larger than 1 MiB, which no configuration needs: delete it"
+               : "the file cannot be read";
 }
 
 bool replaceFile(const std::string& path, const std::string& content)

@@ -18,8 +18,8 @@ std::optional<std::string> copied(const char* text)
 void EnvironmentSetting::set(const char* text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_isSet = true;
     m_text = copied(text);
+    m_isSet = true;
 }
 
 void EnvironmentSetting::reset()

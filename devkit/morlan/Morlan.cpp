@@ -3,6 +3,14 @@
 namespace morlan
 {
 
+namespace
+{
+
+// With the library itself, so that no call of it lacks the memory for this.
+[[maybe_unused]] const Morlan& LOADED = Morlan::instance();
+
+} // namespace
+
 Morlan& Morlan::instance()
 {
     static Morlan& library = *new Morlan;
@@ -11,27 +19,27 @@ Morlan& Morlan::instance()
 
 Morlan::Morlan()
     : faults{
-          {"DebugPrint", false},
-          {"SMMutexCreate", true},
-          {"SMMutexLock", true},
-          {"SMMutexUnLock", true},
-          {"SMMutexDestroy", true},
-          {"SMThreadStart", true},
-          {"SMThreadStop", true},
-          {"SMLibLoad", true},
-          {"SMLibUnLoad", true},
-          {"sm_create", true},
-          {"GetIniFilePath", true},
-          {"sm_strlen", false},
-          {"sm_destroy", false},
-          {"SSGetPrivateIniValue", true},
-          {"SMWriteINIPathFileValue", true},
-          {"SMSDOConfigAlloc", true},
-          {"SMSDOConfigFree", true},
-          {"SMSDOConfigClone", true},
-          {"SMSDOConfigAddData", true},
-          {"SMSDOConfigGetDataByID", true},
-          {"GetProperty2", true},
+          "DebugPrint",
+          "SMMutexCreate",
+          "SMMutexLock",
+          "SMMutexUnLock",
+          "SMMutexDestroy",
+          "SMThreadStart",
+          "SMThreadStop",
+          "SMLibLoad",
+          "SMLibUnLoad",
+          "sm_create",
+          "GetIniFilePath",
+          "sm_strlen",
+          "sm_destroy",
+          "SSGetPrivateIniValue",
+          "SMWriteINIPathFileValue",
+          "SMSDOConfigAlloc",
+          "SMSDOConfigFree",
+          "SMSDOConfigClone",
+          "SMSDOConfigAddData",
+          "SMSDOConfigGetDataByID",
+          "GetProperty2",
       }
 {
 }

@@ -5,6 +5,7 @@
 #include "common/FaultPlan.h"
 #include "common/SinkSlot.h"
 #include "common/devkit_hooks.h"
+#include "common/guarded.h"
 #include "morlan/EnvironmentSetting.h"
 #include "morlan/MutexTable.h"
 #include "morlan/StringTable.h"
@@ -33,13 +34,20 @@ class Morlan
     MutexTable mutexes;
     StringTable strings;
 
-    // Counts a call and, unless it is to fail by plan, does it: `act()` tells whether that worked.
+    // Counts a call and, unless it is to fail by plan, does it: `act()` tells whether that worked. A lack of
+    // memory is a failure.
     template <class Act>
     int attempt(const char* call, Act act)
     {
         if (const auto fault = faults.enter(call))
             return *fault;
-        return act() ? 0 : FAILED;
+        return devkit::guarded(FAILED, [&act] { return act() ? 0 : FAILED; });
+    }
+    // The same for a call that gives a pointer, null where it fails.
+    template <class Make>
+    void* obtain(const char* call, Make make)
+    {
+        return faults.enter(call) ? nullptr : devkit::guarded<void*>(nullptr, make);
     }
 
     // Back to the state after load; objects and threads stay.

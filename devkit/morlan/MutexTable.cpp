@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <new>
 #include <thread>
 
 namespace morlan
@@ -17,14 +16,10 @@ struct MutexTable::Mutex {
 
 void* MutexTable::create()
 {
-    try {
-        const auto mutex = std::make_shared<Mutex>();
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_live.emplace(mutex.get(), mutex);
-        return mutex.get();
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
+    const auto mutex = std::make_shared<Mutex>();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_live.emplace(mutex.get(), mutex);
+    return mutex.get();
 }
 
 bool MutexTable::lock(void* mutex, int milliseconds)

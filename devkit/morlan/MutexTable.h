@@ -13,7 +13,6 @@ namespace morlan
 class MutexTable
 {
   public:
-    // Null without memory.
     void* create();
     // The three calls below are false for an unknown handle.
     // Waits at most so many milliseconds, without limit for a negative number; false when they ran out. The

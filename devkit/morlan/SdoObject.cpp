@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <new>
 
 namespace morlan
 {
@@ -44,11 +43,7 @@ const SdoObject* SdoObject::fromHandle(const void* handle)
 SdoObject* SdoObject::cloneOf(const void* handle)
 {
     const SdoObject* const original = fromHandle(handle);
-    try {
-        return original == nullptr ? nullptr : original->clone().release();
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
+    return original == nullptr ? nullptr : original->clone().release();
 }
 
 bool SdoObject::free(void* handle)

@@ -33,7 +33,7 @@ class SdoObject
     static SdoObject* fromHandle(void* handle);
     static const SdoObject* fromHandle(const void* handle);
 
-    // A deep copy that belongs to nobody; null when the handle is none or memory runs out.
+    // A deep copy that belongs to nobody; null when the handle is none.
     static SdoObject* cloneOf(const void* handle);
     // Frees an object with all that it holds. False for no handle, and for a nested object, which goes with
     // the one that holds it.

@@ -1,7 +1,6 @@
 #include "morlan/StringTable.h"
 
 #include <cstring>
-#include <new>
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
@@ -42,17 +41,11 @@ void allow([[maybe_unused]] char* block)
 
 char* StringTable::create()
 {
-    Block block(new (std::nothrow) char[ROOM]());
+    auto block = std::make_unique<char[]>(ROOM);
     char* const string = block.get();
-    if (string == nullptr)
-        return nullptr;
-    try {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_live.emplace(string, std::move(block));
-        return string;
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_live.emplace(string, std::move(block));
+    return string;
 }
 
 bool StringTable::assign(void* string, std::string_view text)
@@ -80,8 +73,8 @@ void StringTable::destroy(void* string)
     const auto found = m_live.find(string);
     if (found == m_live.end())
         return;
-    forbid(found->second.get());
     m_resting.push_back(std::move(found->second));
+    forbid(m_resting.back().get());
     m_live.erase(found);
     if (m_resting.size() > RESTING_BLOCKS) {
         allow(m_resting.front().get());

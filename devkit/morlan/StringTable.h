@@ -19,7 +19,7 @@ class StringTable
     // Room of a string, terminator included.
     static constexpr std::size_t ROOM = 4096;
 
-    // An empty string; its address is that of its first character. Null without memory.
+    // An empty string; its address is that of its first character.
     char* create();
     // False when the string is unknown or the text does not fit; the string is then as before.
     bool assign(void* string, std::string_view text);

@@ -1,7 +1,7 @@
 #include "morlan/ThreadTable.h"
 
 #include <algorithm>
-#include <system_error>
+#include <exception>
 #include <thread>
 
 namespace morlan
@@ -59,7 +59,7 @@ void* ThreadTable::create(void (*function)(void*), void* argument)
     m_wake.acquire();
     try {
         thread.thread = std::thread(&ThreadTable::run, this, std::ref(thread), function, argument);
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         m_threads.erase(entry);
         return nullptr;
     }

@@ -24,12 +24,15 @@ Morlan& library()
     return Morlan::instance();
 }
 
-// `compose` gives the line; it is asked only when someone listens.
+// `compose` gives the line; it is asked only when someone listens. A line is lost for want of memory, rather
+// than the call it tells of.
 template <class Compose>
 void report(Compose compose)
 {
-    if (library().callSink.isSet())
-        library().callSink.call(std::string(compose()).c_str());
+    devkit::guarded([&compose] {
+        if (library().callSink.isSet())
+            library().callSink.call(std::string(compose()).c_str());
+    });
 }
 
 std::string statusText(int status)
@@ -45,18 +48,18 @@ std::string threadText(void* thread)
     return thread == nullptr ? "null" : "unknown";
 }
 
-int privateIniValue(const char* section, const char* key, char* buffer, unsigned int* size)
+bool privateIniValue(const char* section, const char* key, char* buffer, unsigned int* size)
 {
     if (section == nullptr || key == nullptr || buffer == nullptr || size == nullptr || *size == 0)
-        return Morlan::FAILED;
+        return false;
     const std::optional<std::string> file = library().privateIni.get();
     if (!file)
-        return Morlan::FAILED;
+        return false;
     const std::optional<std::string> value = IniFile(*file).value(section, key);
     if (!value)
-        return Morlan::FAILED;
+        return false;
     *size = static_cast<unsigned int>(devkit::copyText(*value, buffer, *size) + 1);
-    return 0;
+    return true;
 }
 
 bool isTextArgument(const void* value, unsigned int size)
@@ -68,19 +71,18 @@ bool isTextArgument(const void* value, unsigned int size)
 
 void DebugPrint(const char* format, ...)
 {
-    library().faults.enter(__func__);
-    if (format == nullptr || library().debugSink.call(format))
-        return;
-    // In one piece, so that lines of several threads stay whole.
-    const std::string line = std::string(format) + '\n';
-    std::fwrite(line.data(), 1, line.size(), stderr);
+    library().attempt(__func__, [format] {
+        if (format == nullptr || library().debugSink.call(format))
+            return true;
+        // In one piece, so that lines of several threads stay whole.
+        const std::string line = std::string(format) + '\n';
+        return std::fwrite(line.data(), 1, line.size(), stderr) == line.size();
+    });
 }
 
 void* SMMutexCreate(int)
 {
-    if (library().faults.enter(__func__))
-        return nullptr;
-    return library().mutexes.create();
+    return library().obtain(__func__, [] { return library().mutexes.create(); });
 }
 
 int SMMutexLock(void* mutex, int timeout)
@@ -100,9 +102,9 @@ int SMMutexDestroy(void* mutex)
 
 void* SMThreadStart(void (*function)(void*), void* argument)
 {
-    void* thread = nullptr;
-    if (!library().faults.enter(__func__) && function != nullptr)
-        thread = library().threads.create(function, argument);
+    void* const thread = library().obtain(__func__, [=] {
+        return function == nullptr ? nullptr : library().threads.create(function, argument);
+    });
     report([&] { return "SMThreadStart() = " + (thread == nullptr ? "failed" : threadText(thread)); });
     // Only now, so that what the thread does is seen behind its start.
     library().threads.release(thread);
@@ -118,9 +120,8 @@ int SMThreadStop(void* thread)
 
 void* SMLibLoad(const char* path)
 {
-    void* loaded = nullptr;
-    if (!library().faults.enter(__func__) && path != nullptr)
-        loaded = dlopen(path, RTLD_LAZY);
+    void* const loaded =
+        library().obtain(__func__, [path] { return path == nullptr ? nullptr : dlopen(path, RTLD_LAZY); });
     report([&] { return "SMLibLoad(" + quoted(path) + ") = " + (loaded == nullptr ? "failed" : "ok"); });
     return loaded;
 }
@@ -136,9 +137,7 @@ int SMLibUnLoad(void* loaded)
 
 void* sm_create()
 {
-    if (library().faults.enter(__func__))
-        return nullptr;
-    return library().strings.create();
+    return library().obtain(__func__, [] { return library().strings.create(); });
 }
 
 int GetIniFilePath(void* string)
@@ -157,24 +156,31 @@ int GetIniFilePath(void* string)
 
 unsigned int sm_strlen(const void* string)
 {
-    library().faults.enter(__func__);
-    return static_cast<unsigned int>(library().strings.length(string));
+    std::size_t length = 0;
+    library().attempt(__func__, [&] {
+        length = library().strings.length(string);
+        return true;
+    });
+    return static_cast<unsigned int>(length);
 }
 
 void sm_destroy(void* string)
 {
-    library().faults.enter(__func__);
-    library().strings.destroy(string);
+    library().attempt(__func__, [string] {
+        library().strings.destroy(string);
+        return true;
+    });
 }
 
 int SSGetPrivateIniValue(const char* section, const char* key, char* buffer, unsigned int* size)
 {
     const unsigned int room = size == nullptr ? 0 : *size;
-    const auto fault = library().faults.enter(__func__);
-    const int status = fault ? *fault : privateIniValue(section, key, buffer, size);
+    bool found = false;
+    const int status =
+        library().attempt(__func__, [&] { return found = privateIniValue(section, key, buffer, size); });
     report([&] {
         return "SSGetPrivateIniValue(" + quoted(section) + ", " + quoted(key) + ", " + std::to_string(room) +
-               ")" + statusText(status) + (!fault && status == 0 ? ", " + quoted(buffer) : "");
+               ")" + statusText(status) + (found ? ", " + quoted(buffer) : "");
     });
     return status;
 }

@@ -18,12 +18,12 @@ Morlan& library()
 
 void morlan_set_install_path(const char* directory)
 {
-    library().installPath.set(directory);
+    devkit::guarded([=] { library().installPath.set(directory); });
 }
 
 void morlan_set_private_ini(const char* file)
 {
-    library().privateIni.set(file);
+    devkit::guarded([=] { library().privateIni.set(file); });
 }
 
 void morlan_set_debug_sink(devkit_text_sink sink, void* context)
@@ -38,7 +38,8 @@ void morlan_set_call_sink(devkit_text_sink sink, void* context)
 
 int morlan_fail_call(const char* call, unsigned int nth, unsigned int count, int status)
 {
-    return library().faults.plan(call, nth, count, status) ? 0 : Morlan::FAILED;
+    return devkit::guarded(
+        Morlan::FAILED, [=] { return library().faults.plan(call, nth, count, status) ? 0 : Morlan::FAILED; });
 }
 
 void morlan_clear_faults()
@@ -104,7 +105,7 @@ int morlan_sdo_property_at(const void* object, unsigned int index, unsigned shor
 
 void* morlan_sdo_clone(const void* object)
 {
-    return SdoObject::cloneOf(object);
+    return devkit::guarded<void*>(nullptr, [object] { return SdoObject::cloneOf(object); });
 }
 
 void morlan_sdo_free(void* object)

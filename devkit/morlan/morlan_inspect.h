@@ -1,7 +1,8 @@
 // The stand-in support library's own interface, beside morlan.h: where its files are, what it says and does,
 // which of its calls fail, and what an SDO object holds. The host and the tests look inside by it.
 //
-// Safe from several threads unless said otherwise.
+// Safe from several threads unless said otherwise. What lacks memory is not done: a setter leaves what was
+// set, a clone is null, a planned failure is refused.
 #ifndef ZARNEK_DEVKIT_MORLAN_INSPECT_H
 #define ZARNEK_DEVKIT_MORLAN_INSPECT_H
 
@@ -27,8 +28,7 @@ DEVKIT_EXPORT void morlan_set_call_sink(devkit_text_sink sink, void* context);
 
 // Plans a failure: of the calls of `call` from now on, the nth (from 1) and the count - 1 behind it fail, all
 // of them for a count of 0. A failing call does nothing and returns `status`, or null where it returns a
-// pointer; a DebugPrint, sm_strlen or sm_destroy cannot fail. Returns 0, or 1 for nth 0 and for a name that
-// is unknown or cannot fail.
+// pointer, and sm_strlen returns 0. Returns 0, or 1 for nth 0 and for an unknown name.
 DEVKIT_EXPORT int morlan_fail_call(const char* call, unsigned int nth, unsigned int count, int status);
 DEVKIT_EXPORT void morlan_clear_faults(void);
 // How often `call` was called since load or the last morlan_reset, failed calls included.

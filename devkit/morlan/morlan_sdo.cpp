@@ -7,7 +7,6 @@
 #include <sdo.h>
 
 #include <cstring>
-#include <new>
 #include <optional>
 
 using morlan::Morlan;
@@ -15,11 +14,6 @@ using morlan::SdoObject;
 
 namespace
 {
-
-devkit::FaultPlan& faults()
-{
-    return Morlan::instance().faults;
-}
 
 // A property's value as callers see it: for a nested object, the handle that the property holds.
 struct Value {
@@ -44,9 +38,7 @@ std::optional<Value> valueOf(const void* object, unsigned short id)
 
 void* SMSDOConfigAlloc()
 {
-    if (faults().enter(__func__))
-        return nullptr;
-    return new (std::nothrow) SdoObject;
+    return Morlan::instance().obtain(__func__, [] { return new SdoObject; });
 }
 
 int SMSDOConfigFree(void* object)
@@ -56,9 +48,7 @@ int SMSDOConfigFree(void* object)
 
 void* SMSDOConfigClone(const void* object)
 {
-    if (faults().enter(__func__))
-        return nullptr;
-    return SdoObject::cloneOf(object);
+    return Morlan::instance().obtain(__func__, [object] { return SdoObject::cloneOf(object); });
 }
 
 int SMSDOConfigAddData(void* object, unsigned short id, unsigned char type, const void* value,
@@ -68,18 +58,14 @@ int SMSDOConfigAddData(void* object, unsigned short id, unsigned char type, cons
         SdoObject* const target = SdoObject::fromHandle(object);
         if (target == nullptr || value == nullptr)
             return false;
-        try {
-            if (type == SDO_TYPE_SDOCONFIG) {
-                SdoObject* const nested = SdoObject::fromHandle(const_cast<void*>(value));
-                return nested != nullptr && target->setNested(id, type, nested);
-            }
-            if (size == 0)
-                return false;
-            target->set(id, type, value, size);
-            return true;
-        } catch (const std::bad_alloc&) {
-            return false;
+        if (type == SDO_TYPE_SDOCONFIG) {
+            SdoObject* const nested = SdoObject::fromHandle(const_cast<void*>(value));
+            return nested != nullptr && target->setNested(id, type, nested);
         }
+        if (size == 0)
+            return false;
+        target->set(id, type, value, size);
+        return true;
     });
 }
 

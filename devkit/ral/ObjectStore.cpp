@@ -17,6 +17,7 @@ bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Chan
     if (!object)
         return false;
     std::optional<Identity> identity = identityOf(object.get());
+    changes.reserve(changes.size() + 1);
     if (!identity) {
         m_incomplete.push_back(object);
         if (m_incomplete.size() > MOST_INCOMPLETE)
@@ -31,8 +32,10 @@ bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Chan
         return false;
     const auto known = m_index.find(identity->text);
     if (known == m_index.end()) {
-        m_nodes.push_back({std::move(*identity), object, above, {}, 1});
-        m_index.emplace(m_nodes.back().identity.text, &m_nodes.back());
+        std::list<Node> added;
+        added.push_back({std::move(*identity), object, above, {}, 1});
+        m_index.emplace(added.back().identity.text, &added.back());
+        m_nodes.splice(m_nodes.end(), added);
         changes.push_back({RAL_CHANGE_INSERTED, nullptr, object});
         return true;
     }
@@ -54,7 +57,16 @@ bool ObjectStore::remove(const void* object, std::vector<Change>& changes)
     Node* const node = find(object);
     if (node == nullptr)
         return false;
-    removeNode(node, changes);
+    std::vector<Node*> subtree;
+    collect(node, subtree);
+    changes.reserve(changes.size() + subtree.size());
+    for (Node* doomed : subtree) {
+        changes.push_back({RAL_CHANGE_DELETED, doomed->object, nullptr});
+        for (Node& other : m_nodes)
+            other.lower.erase(std::remove(other.lower.begin(), other.lower.end(), doomed), other.lower.end());
+        m_index.erase(doomed->identity.text);
+        m_nodes.remove_if([doomed](const Node& other) { return &other == doomed; });
+    }
     return true;
 }
 
@@ -123,20 +135,13 @@ bool ObjectStore::isLinked(const Node& upper, const Node& lower)
     return std::find(upper.lower.begin(), upper.lower.end(), &lower) != upper.lower.end();
 }
 
-void ObjectStore::removeNode(Node* node, std::vector<Change>& changes)
+// The lowest first.
+void ObjectStore::collect(Node* node, std::vector<Node*>& subtree)
 {
-    std::vector<Node*> children;
     for (Node& other : m_nodes)
         if (other.parent == node)
-            children.push_back(&other);
-    for (Node* child : children)
-        removeNode(child, changes);
-
-    changes.push_back({RAL_CHANGE_DELETED, node->object, nullptr});
-    for (Node& other : m_nodes)
-        other.lower.erase(std::remove(other.lower.begin(), other.lower.end(), node), other.lower.end());
-    m_index.erase(node->identity.text);
-    m_nodes.remove_if([node](const Node& other) { return &other == node; });
+            collect(&other, subtree);
+    subtree.push_back(node);
 }
 
 } // namespace ral

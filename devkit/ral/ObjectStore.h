@@ -38,8 +38,8 @@ class ObjectStore
         Sdo after;
     };
 
-    // The operations below return false, and change nothing, when an object that they are to find is unknown;
-    // `changes` gets what happened, in order.
+    // The operations below return false, and change nothing, when an object that they are to find is unknown,
+    // and throw, having changed nothing, without memory; `changes` gets what happened, in order.
 
     // Adds the object, or replaces the properties of the one with its identity. With a parent it moves, or
     // comes, under the parent; without, a new one is at the top and a known one stays where it is. Also false
@@ -69,7 +69,7 @@ class ObjectStore
 
     Node* find(const void* object) const;
     static bool isLinked(const Node& upper, const Node& lower);
-    void removeNode(Node* node, std::vector<Change>& changes);
+    void collect(Node* node, std::vector<Node*>& subtree);
 
     std::list<Node> m_nodes; // in the order of first insertion
     std::unordered_map<std::string, Node*> m_index;

@@ -1,11 +1,11 @@
 #include "ral/Ral.h"
 
+#include "common/guarded.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/identity.h"
 
 #include <algorithm>
 #include <memory>
-#include <new>
 
 namespace ral
 {
@@ -14,10 +14,14 @@ namespace
 {
 
 // An SDO object that was handed over.
-ObjectStore::Sdo owned(void* object)
+class Handed : public std::unique_ptr<void, decltype(&morlan_sdo_free)>
 {
-    return ObjectStore::Sdo(object, morlan_sdo_free);
-}
+  public:
+    explicit Handed(void* object) : unique_ptr(object, morlan_sdo_free) {}
+};
+
+// With the library itself, so that no call of it lacks the memory for this.
+[[maybe_unused]] const Ral& LOADED = Ral::instance();
 
 } // namespace
 
@@ -29,46 +33,56 @@ Ral& Ral::instance()
 
 Ral::Ral()
     : faults{
-          {"RalInsertObject", true},          {"RalDeleteObject", true}, {"RalLinkObjects", true},
-          {"RalListAssociatedObjects", true}, {"RalListFree", true},     {"RalSendNotification", true},
+          "RalInsertObject",          "RalDeleteObject", "RalLinkObjects",
+          "RalListAssociatedObjects", "RalListFree",     "RalSendNotification",
       }
 {
 }
 
-// `compose` gives the line up to the status, and is asked only when someone listens; `remark` follows the
-// status.
+// `compose` gives the line up to the status, and is asked only when someone listens; how many objects were
+// found may follow. What sinks are told is lost for want of memory, rather than the call.
 template <class Compose>
-void Ral::report(Compose compose, int status, const std::string& remark)
+void Ral::report(Compose compose, int status, std::optional<unsigned int> found)
 {
-    if (callSink.isSet())
-        callSink.call((compose() + " = " + std::to_string(status) + remark).c_str());
+    devkit::guarded([&] {
+        if (callSink.isSet())
+            callSink.call((compose() + " = " + std::to_string(status) +
+                           (found ? ", " + std::to_string(*found) + " objects" : ""))
+                              .c_str());
+    });
 }
 
 void Ral::announce(const std::vector<ObjectStore::Change>& changes)
 {
     for (const ObjectStore::Change& change : changes)
-        changeSink.call(change.kind, static_cast<const void*>(change.before.get()),
-                        static_cast<const void*>(change.after.get()));
+        devkit::guarded([&] {
+            changeSink.call(change.kind, static_cast<const void*>(change.before.get()),
+                            static_cast<const void*>(change.after.get()));
+        });
 }
 
-// Counts a call and, unless it is to fail by plan, runs `act()` for its status, with the store locked.
+// Counts a call and, unless it is to fail by plan, runs `act()` for its status, with the store locked. A lack
+// of memory is a failure.
 template <class Act>
 int Ral::attempt(const char* call, Act act)
 {
     if (const auto fault = faults.enter(call))
         return *fault;
     const std::lock_guard<std::mutex> storing(m_storing);
-    return act();
+    return devkit::guarded(int{FAILED}, act);
 }
 
 int Ral::insertObject(void* object, void* parent)
 {
-    const ObjectStore::Sdo inserted = owned(object);
-    const ObjectStore::Sdo above = parent == object ? inserted : owned(parent);
+    Handed handed(object);
+    const Handed above(parent == object ? nullptr : parent);
+    ObjectStore::Sdo inserted;
     const std::lock_guard<std::mutex> calling(m_calling);
     std::vector<ObjectStore::Change> changes;
-    const int status =
-        attempt("RalInsertObject", [&] { return m_store.insert(inserted, parent, changes) ? 0 : UNKNOWN; });
+    const int status = attempt("RalInsertObject", [&] {
+        inserted = std::move(handed);
+        return m_store.insert(inserted, parent, changes) ? 0 : UNKNOWN;
+    });
     announce(changes);
     report(
         [&] {
@@ -124,7 +138,7 @@ int Ral::listAssociatedObjects(void* object, unsigned int type, void*** list, un
             return "RalListAssociatedObjects(" + std::to_string(type) + ", of " +
                    (object == nullptr ? "top" : describe(object)) + ")";
         },
-        status, ", " + std::to_string(found) + " objects");
+        status, found);
     return status;
 }
 
@@ -132,18 +146,18 @@ int Ral::makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, un
 {
     if (objects.empty())
         return 0;
-    std::vector<void*> copies;
-    for (const ObjectStore::Sdo& object : objects)
-        copies.push_back(morlan_sdo_clone(object.get()));
-    if (std::find(copies.begin(), copies.end(), nullptr) != copies.end()) {
-        std::for_each(copies.begin(), copies.end(), morlan_sdo_free);
-        return FAILED;
+    std::vector<ObjectStore::Sdo> copies;
+    for (const ObjectStore::Sdo& object : objects) {
+        copies.push_back(ObjectStore::Sdo(Handed(morlan_sdo_clone(object.get()))));
+        if (!copies.back())
+            return FAILED;
     }
     // The caller may write to its list; what is to be freed is remembered apart from it.
-    *list = new void*[copies.size()];
-    std::copy(copies.begin(), copies.end(), *list);
-    *count = static_cast<unsigned int>(copies.size());
-    m_lists.emplace(*list, std::move(copies));
+    auto given = std::make_unique<void*[]>(copies.size());
+    std::transform(copies.begin(), copies.end(), given.get(), [](const auto& copy) { return copy.get(); });
+    m_lists.emplace(given.get(), std::move(copies));
+    *count = static_cast<unsigned int>(objects.size());
+    *list = given.release();
     return 0;
 }
 
@@ -156,7 +170,6 @@ int Ral::listFree(void** list, unsigned int count)
         const auto found = m_lists.find(list);
         if (found == m_lists.end() || found->second.size() != count)
             return UNKNOWN;
-        std::for_each(found->second.begin(), found->second.end(), morlan_sdo_free);
         m_lists.erase(found);
         delete[] list;
         return 0;
@@ -167,7 +180,7 @@ int Ral::listFree(void** list, unsigned int count)
 
 int Ral::sendNotification(void* object)
 {
-    const ObjectStore::Sdo sent = owned(object);
+    const Handed sent(object);
     const std::lock_guard<std::mutex> calling(m_calling);
     int status = 0;
     if (const auto fault = faults.enter("RalSendNotification"))
@@ -175,7 +188,10 @@ int Ral::sendNotification(void* object)
     else if (object == nullptr)
         status = UNKNOWN;
     else
-        notificationSink.call(static_cast<const void*>(object));
+        status = devkit::guarded(int{FAILED}, [&] {
+            notificationSink.call(static_cast<const void*>(object));
+            return 0;
+        });
     report([&] { return "RalSendNotification(" + describeNotification(object) + ")"; }, status);
     return status;
 }

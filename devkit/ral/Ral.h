@@ -11,7 +11,7 @@
 
 #include <map>
 #include <mutex>
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace ral
@@ -53,14 +53,14 @@ class Ral
     template <class Act>
     int attempt(const char* call, Act act);
     template <class Compose>
-    void report(Compose compose, int status, const std::string& remark = {});
+    void report(Compose compose, int status, std::optional<unsigned int> found = {});
     void announce(const std::vector<ObjectStore::Change>& changes);
     int makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, unsigned int* count);
 
     std::mutex m_calling;         // held over a whole call, sinks included
     mutable std::mutex m_storing; // guards what follows; never held while a sink runs
     ObjectStore m_store;
-    std::map<void**, std::vector<void*>> m_lists; // what was given out, with the copies in it
+    std::map<void**, std::vector<ObjectStore::Sdo>> m_lists; // what was given out, with the copies in it
 };
 
 } // namespace ral

@@ -1,10 +1,9 @@
 #include "ral/ral_inspect.h"
 
+#include "common/guarded.h"
 #include "common/words.h"
 #include "ral/Ral.h"
 #include "ral/identity.h"
-
-#include <new>
 
 using ral::Ral;
 using ral::SnapshotEntry;
@@ -26,7 +25,8 @@ const SnapshotEntry* entryOf(const ral_snapshot* snapshot, unsigned int index)
 
 ral_snapshot* ral_snapshot_create()
 {
-    return new ral_snapshot{Ral::instance().snapshot()};
+    return devkit::guarded<ral_snapshot*>(nullptr,
+                                          [] { return new ral_snapshot{Ral::instance().snapshot()}; });
 }
 
 void ral_snapshot_destroy(ral_snapshot* snapshot)
@@ -82,11 +82,13 @@ unsigned int ral_incomplete_count()
 
 size_t ral_object_identity(const void* object, char* buffer, size_t size)
 {
-    const std::optional<ral::Identity> identity = ral::identityOf(object);
-    if (!identity)
-        return 0;
-    devkit::copyText(identity->text, buffer, size);
-    return identity->text.size();
+    return devkit::guarded(size_t{0}, [=] {
+        const std::optional<ral::Identity> identity = ral::identityOf(object);
+        if (!identity)
+            return size_t{0};
+        devkit::copyText(identity->text, buffer, size);
+        return identity->text.size();
+    });
 }
 
 void ral_set_change_sink(ral_change_sink sink, void* context)
@@ -106,7 +108,9 @@ void ral_set_call_sink(devkit_text_sink sink, void* context)
 
 int ral_fail_call(const char* call, unsigned int nth, unsigned int count, int status)
 {
-    return Ral::instance().faults.plan(call, nth, count, status) ? 0 : Ral::FAILED;
+    return devkit::guarded(int{Ral::FAILED}, [=] {
+        return Ral::instance().faults.plan(call, nth, count, status) ? 0 : Ral::FAILED;
+    });
 }
 
 void ral_clear_faults()

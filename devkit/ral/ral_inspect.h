@@ -21,7 +21,7 @@ extern "C" {
 // The last thousand objects that came without an identity follow, marked incomplete.
 typedef struct ral_snapshot ral_snapshot;
 
-DEVKIT_EXPORT ral_snapshot* ral_snapshot_create(void);
+DEVKIT_EXPORT ral_snapshot* ral_snapshot_create(void);           // null without memory
 DEVKIT_EXPORT void ral_snapshot_destroy(ral_snapshot* snapshot); // null does nothing
 DEVKIT_EXPORT unsigned int ral_snapshot_count(const ral_snapshot* snapshot);
 // An SDO object that belongs to the snapshot; null past the end.
@@ -40,7 +40,8 @@ DEVKIT_EXPORT int ral_snapshot_incomplete(const ral_snapshot* snapshot, unsigned
 DEVKIT_EXPORT unsigned int ral_incomplete_count(void);
 
 // The identity of any SDO object as a text, such as `772/9 24600=0 24810=3`. Copies at most `size` bytes of
-// it, terminator included, and returns its whole length; 0 for an object without an identity, and for null.
+// it, terminator included, and returns its whole length; 0 for an object without an identity, for null, and
+// without memory.
 DEVKIT_EXPORT size_t ral_object_identity(const void* object, char* buffer, size_t size);
 
 typedef enum ral_change {

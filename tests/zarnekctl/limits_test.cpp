@@ -44,8 +44,9 @@ TEST(ConfigCheck, AFileOfAnySizeGetsALine)
         folder.write(file, "");
         std::filesystem::resize_file(folder.path(file), std::uintmax_t{3} << 30);
     }
-    EXPECT_THAT(ConfigCheck(ConfigFolder(folder.path())).lines(Effect::Surprise),
-                Each(HasSubstr(": the file is larger than 1 MiB, which no configuration needs; ")));
+    EXPECT_THAT(
+        ConfigCheck(ConfigFolder(folder.path())).lines(Effect::Surprise),
+        Each(HasSubstr(": the file is larger than 1 MiB, which no configuration needs: delete it; ")));
 }
 
 TEST(Text, ControlsOfTheWritingDirectionAreEscaped)

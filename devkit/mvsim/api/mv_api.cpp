@@ -1,5 +1,6 @@
 // The seventeen entry points: each hands its call to the simulator, keeps exceptions from crossing the C
 // border, and reports one line.
+#include "common/guarded.h"
 #include "mvsim/api/Library.h"
 
 #include <optional>
@@ -22,20 +23,18 @@ using mvsim::Simulator;
 template <class Run, class Arguments, class Remark>
 unsigned int call(EntryPoint entry, Run run, Arguments arguments, Remark remark) noexcept
 {
-    unsigned int result = MV_ERR_FAIL;
-    try {
-        const std::optional<int> planned = Library::instance().faults.enter(nameOf(entry));
-        result = planned ? static_cast<unsigned int>(*planned) : run(Library::instance().simulator);
-        auto& sink = Library::instance().callSink;
-        if (sink.isSet()) {
+    Library& library = Library::instance();
+    const unsigned int result = devkit::guarded<unsigned int>(MV_ERR_FAIL, [&] {
+        const std::optional<int> planned = library.faults.enter(nameOf(entry));
+        return planned ? static_cast<unsigned int>(*planned) : run(library.simulator);
+    });
+    devkit::guarded([&] {
+        if (library.callSink.isSet()) {
             const std::string line = std::string(nameOf(entry)) + "(" + arguments() +
                                      ") = " + std::to_string(result) + remark(result);
-            sink.call(line.c_str());
+            library.callSink.call(line.c_str());
         }
-    } catch (...) {
-        // A caller in C could not take more than the status; only a lack of memory can lead here.
-        return MV_ERR_FAIL;
-    }
+    });
     return result;
 }
 
@@ -180,7 +179,7 @@ unsigned int MV_EVT_GetEvent(unsigned char adapter, unsigned int maximum, unsign
             for (const _Event& event : delivered) {
                 const mvsim_event seen{adapter, event.EventClass, event.EventCode, event.EventDeviceId,
                                        event.EventSequence};
-                Library::instance().eventSink.call(&seen);
+                devkit::guarded([&seen] { Library::instance().eventSink.call(&seen); });
             }
             return result;
         },

@@ -1,33 +1,37 @@
 #include "mvsim/api/mvsim_control.h"
 
+#include "common/guarded.h"
 #include "common/words.h"
 #include "mvsim/api/Library.h"
 #include "mvsim/api/SourceChoice.h"
 
+#include <cstdio>
 #include <exception>
+#include <new>
 
 namespace
 {
 
 using mvsim::Library;
 
-// Plays what `make` gives; what it throws becomes the message.
+// Plays what `make` gives; what it throws becomes the message. `name` is that of the file or folder.
 template <class Make>
-int play(Make make, char* message, std::size_t size)
+int play(const char* name, Make make, char* message, std::size_t size)
 {
     try {
         Library::instance().simulator.play(make());
         devkit::copyText("", message, size);
         return 0;
+    } catch (const std::bad_alloc&) {
+        // Without memory for the text.
+        std::snprintf(message, size, "%s: takes more memory than there is", name);
     } catch (const std::exception& error) {
         devkit::copyText(error.what(), message, size);
-    } catch (...) {
-        devkit::copyText("unknown error", message, size);
     }
     return 1;
 }
 
-std::string textOf(const char* text)
+const char* textOf(const char* text)
 {
     return text != nullptr ? text : "";
 }
@@ -36,12 +40,15 @@ std::string textOf(const char* text)
 
 int mvsim_load_scenario(const char* file, char* message, size_t size)
 {
-    return play([file] { return mvsim::scenarioSource(textOf(file)); }, message, size);
+    return play(
+        textOf(file), [file] { return mvsim::scenarioSource(textOf(file)); }, message, size);
 }
 
 int mvsim_load_live(const char* sysfs_root, const char* state_file, char* message, size_t size)
 {
-    return play([=] { return mvsim::liveSource(textOf(sysfs_root), textOf(state_file)); }, message, size);
+    return play(
+        textOf(sysfs_root), [=] { return mvsim::liveSource(textOf(sysfs_root), textOf(state_file)); },
+        message, size);
 }
 
 void mvsim_set_sequence_base(unsigned int sequence)
@@ -61,12 +68,12 @@ void mvsim_set_event_sink(mvsim_event_sink sink, void* context)
 
 unsigned int mvsim_polls(void)
 {
-    return Library::instance().simulator.polls();
+    return devkit::guarded(0U, [] { return Library::instance().simulator.polls(); });
 }
 
 unsigned int mvsim_last_poll(void)
 {
-    return Library::instance().simulator.lastPoll();
+    return devkit::guarded(0U, [] { return Library::instance().simulator.lastPoll(); });
 }
 
 void mvsim_reset(void)
@@ -81,7 +88,8 @@ void mvsim_reset(void)
 
 int mvsim_fail_call(const char* call, unsigned int nth, unsigned int count, int status)
 {
-    return Library::instance().faults.plan(call, nth, count, status) ? 0 : 1;
+    return devkit::guarded(1,
+                           [=] { return Library::instance().faults.plan(call, nth, count, status) ? 0 : 1; });
 }
 
 void mvsim_clear_faults(void)

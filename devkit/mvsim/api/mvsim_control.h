@@ -1,5 +1,6 @@
 // The simulated vendor library's own interface, beside the MV_ entry points of mv.h: where the system that it
-// plays comes from. Safe from several threads.
+// plays comes from. Safe from several threads. What lacks memory is not done: an entry point fails, a planned
+// failure is refused, a count is 0.
 //
 // Until one of the loaders is called, the environment variable MVSIM_SCENARIO names a scenario file, or
 // MVSIM_LIVE a sysfs root; without either the library sees no adapter.

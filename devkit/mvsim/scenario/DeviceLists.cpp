@@ -139,9 +139,9 @@ Device& changedDevice(StrictObject& object, std::vector<Device>& devices)
 }
 
 // Changes the devices of a list, each with `read(change, device)`, then demands that none shares its number:
-// two disks can change places in one step. False when the list is empty or missing.
+// two disks can change places in one step.
 template <class Device, class Read>
-bool changeList(StrictObject& object, const char* key, std::vector<Device>& devices, Read read)
+void changeList(StrictObject& object, const char* key, std::vector<Device>& devices, Read read)
 {
     std::vector<std::pair<const Device*, StrictObject>> done;
     object.each(key, [&](StrictObject& change) {
@@ -152,7 +152,6 @@ bool changeList(StrictObject& object, const char* key, std::vector<Device>& devi
     });
     for (const auto& [device, change] : done)
         checkNumber(devices, *device, change);
-    return !done.empty();
 }
 
 } // namespace
@@ -163,15 +162,14 @@ void readDevices(StrictObject& object, Adapter& adapter)
     object.each("virtualDisks", [&adapter](StrictObject& drive) { readNewVirtualDisk(drive, adapter); });
 }
 
-bool changeDevices(StrictObject& object, Adapter& adapter)
+void changeDevices(StrictObject& object, Adapter& adapter)
 {
-    const bool disks = changeList(object, "disks", adapter.disks, readDisk);
-    const bool drives = changeList(object, "virtualDisks", adapter.virtualDisks,
-                                   [&adapter](StrictObject& change, VirtualDisk& drive) {
-                                       readVirtualDisk(change, drive);
-                                       checkMembers(change, adapter.disks);
-                                   });
-    return disks || drives;
+    changeList(object, "disks", adapter.disks, readDisk);
+    changeList(object, "virtualDisks", adapter.virtualDisks,
+               [&adapter](StrictObject& change, VirtualDisk& drive) {
+                   readVirtualDisk(change, drive);
+                   checkMembers(change, adapter.disks);
+               });
 }
 
 } // namespace mvsim

@@ -11,8 +11,8 @@ namespace mvsim
 
 // The devices of a first description.
 void readDevices(StrictObject& object, Adapter& adapter);
-// What a step makes of them; false when it names none.
-bool changeDevices(StrictObject& object, Adapter& adapter);
+// What a step makes of them.
+void changeDevices(StrictObject& object, Adapter& adapter);
 
 } // namespace mvsim
 

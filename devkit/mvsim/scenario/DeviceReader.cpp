@@ -209,8 +209,9 @@ PendingEvent readEvent(StrictObject& object)
     const Json* code = object.find("code");
     if (code != nullptr && code->is_string()) {
         // A code's name tells its class, too.
+        const auto& name = code->get_ref<const std::string&>();
         const auto* known = std::find_if(std::begin(EVENT_CODES), std::end(EVENT_CODES),
-                                         [code](const EventCode& row) { return *code == row.name; });
+                                         [&name](const EventCode& row) { return name == row.name; });
         if (known == std::end(EVENT_CODES))
             throw FormatError(object.place("code"), "a number or the name of an event code", describe(*code));
         event.record.EventClass = known->eventClass;

@@ -1,13 +1,13 @@
-// A scenario as read from its file: complete adapter states instead of changes, so that playing it cannot
-// fail.
+// A scenario as read from its file. The steps of its timeline are kept as they stand there: the states that
+// they lead to may take a thousand times the room.
 #ifndef ZARNEK_DEVKIT_MVSIM_SCENARIO_H
 #define ZARNEK_DEVKIT_MVSIM_SCENARIO_H
 
 #include "mvsim/model/CallRules.h"
 #include "mvsim/model/StorageModel.h"
+#include "mvsim/scenario/Document.h"
 
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 namespace mvsim
@@ -22,16 +22,16 @@ struct ScenarioAdapter {
 struct TimelineStep {
     unsigned int poll = 0;
     std::size_t adapter = 0;
-    std::optional<Adapter> model; // from then on, all of it; none where nothing of it changes
-    CallRules rules;
-    std::vector<PendingEvent> events;
+    std::size_t change = 0; // index
 };
 
 struct Scenario {
     std::uint32_t sequence = 0;
     CallRules vendorRules;
     std::vector<ScenarioAdapter> adapters;
-    std::vector<TimelineStep> timeline; // by ascending poll
+    Document changes;                   // the list of what the steps change
+    std::vector<TimelineStep> timeline; // by ascending poll; each was tried in its turn, so that none fails
+    unsigned int lastPoll = 0;          // at which a step is made, or a rule of one ends
 };
 
 } // namespace mvsim

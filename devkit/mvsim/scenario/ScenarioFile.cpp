@@ -1,5 +1,6 @@
 #include "mvsim/scenario/ScenarioFile.h"
 
+#include "common/Utf8.h"
 #include "common/files.h"
 #include "mvsim/scenario/ScenarioReader.h"
 
@@ -17,11 +18,15 @@ namespace
 
 std::string readWhole(const std::string& file)
 {
+    constexpr std::size_t MOST_MIB = 64;
     std::string text;
     std::error_code error;
-    switch (devkit::readFile(file, text)) {
+    switch (devkit::readFile(file, text, MOST_MIB * devkit::MIB)) {
     case devkit::FileRead::Done:
         return text;
+    case devkit::FileRead::TooLarge:
+        throw std::runtime_error(file + ": larger than " + std::to_string(MOST_MIB) +
+                                 " MiB, which no scenario needs");
     case devkit::FileRead::Missing:
         throw FormatError("", "a scenario file", "no file of that name");
     default:
@@ -31,17 +36,24 @@ std::string readWhole(const std::string& file)
     }
 }
 
-// Watches the parser for keys that stand twice in one object, of which a JSON value keeps only one.
-class DuplicateFinder
+// Watches the parser for keys that stand twice in one object, of which a JSON value keeps only one, and for
+// more brackets and values than memory has room for.
+class ParserWatch
 {
   public:
     bool operator()(int, Json::parse_event_t event, Json& parsed)
     {
         using Event = Json::parse_event_t;
+        if (++m_values > MOST_VALUES)
+            throw FormatError(place(), "at most " + std::to_string(MOST_VALUES) + " keys and values", "more");
         switch (event) {
         case Event::object_start:
         case Event::array_start:
             nextElement();
+            if (m_levels.size() == MOST_LEVELS)
+                throw FormatError(place(),
+                                  "at most " + std::to_string(MOST_LEVELS) + " brackets within each other",
+                                  "more");
             m_levels.push_back({event == Event::array_start, 0, {}, {}});
             break;
         case Event::object_end:
@@ -70,6 +82,9 @@ class DuplicateFinder
     }
 
   private:
+    static constexpr std::size_t MOST_LEVELS = 32; // a scenario has 7
+    static constexpr std::size_t MOST_VALUES = 5000000;
+
     struct Level {
         bool inList;
         std::size_t next;
@@ -83,6 +98,7 @@ class DuplicateFinder
             ++m_levels.back().next;
     }
     std::vector<Level> m_levels;
+    std::size_t m_values = 0; // keys and ends of brackets count too
 };
 
 std::string lineAndColumn(const std::string& text, std::size_t byte)
@@ -97,16 +113,16 @@ std::string lineAndColumn(const std::string& text, std::size_t byte)
 
 Json parseStrictly(const std::string& text)
 {
-    DuplicateFinder finder;
+    ParserWatch watch;
     try {
-        return Json::parse(text, std::ref(finder));
+        return Json::parse(text, std::ref(watch));
     } catch (const Json::parse_error& error) {
         const std::string reason = error.what();
         const std::size_t start = reason.find(": ", reason.find("column"));
         throw FormatError(lineAndColumn(text, error.byte), "valid JSON",
                           start == std::string::npos ? reason : reason.substr(start + 2));
     } catch (const Json::out_of_range&) {
-        throw FormatError(finder.place(), "a number that 64 bits can hold", "a larger one");
+        throw FormatError(watch.place(), "a number that 64 bits can hold", "a larger one");
     }
 }
 
@@ -115,9 +131,9 @@ Json parseStrictly(const std::string& text)
 Scenario loadScenarioFile(const std::string& file)
 {
     try {
-        return readScenario(parseStrictly(readWhole(file)));
+        return readScenario(Document(parseStrictly(readWhole(file))));
     } catch (const FormatError& error) {
-        throw std::runtime_error(file + ": " + error.what());
+        throw std::runtime_error(file + ": " + devkit::escaped(error.what()));
     }
 }
 

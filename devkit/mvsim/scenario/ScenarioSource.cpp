@@ -1,5 +1,7 @@
 #include "mvsim/scenario/ScenarioSource.h"
 
+#include "mvsim/scenario/ScenarioReader.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -29,24 +31,18 @@ std::vector<PlayedAdapter> ScenarioSource::adapters()
 
 void ScenarioSource::beginPoll(unsigned int index, PlayedAdapter& adapter)
 {
-    for (const TimelineStep& step : m_scenario.timeline) {
-        if (step.adapter == index && step.poll == adapter.polls) {
-            if (step.model)
-                adapter.model = *step.model;
-            adapter.rules.merge(step.rules, step.poll);
-            adapter.pending.insert(adapter.pending.end(), step.events.begin(), step.events.end());
-        }
-    }
+    std::size_t eventsLeft = MOST_EVENTS;
+    for (const TimelineStep& step : m_scenario.timeline)
+        if (step.adapter == index && step.poll == adapter.polls)
+            makeStep({m_scenario.changes.root[step.change], ""}, adapter, eventsLeft);
 }
 
 unsigned int ScenarioSource::lastPoll() const
 {
-    unsigned int last = 0;
+    unsigned int last = m_scenario.lastPoll;
     if (!m_scenario.timeline.empty())
         for (const ScenarioAdapter& adapter : m_scenario.adapters)
             last = std::max(last, adapter.rules.lastEnd(FIRST_POLL));
-    for (const TimelineStep& step : m_scenario.timeline)
-        last = std::max({last, step.poll, step.rules.lastEnd(step.poll)});
     return last;
 }
 

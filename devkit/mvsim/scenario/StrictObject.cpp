@@ -90,7 +90,7 @@ std::optional<std::uint64_t> StrictObject::wordNumber(const char* key, Words wor
         return std::nullopt;
     const auto wordValue = [words](const Json& text) -> std::optional<std::uint64_t> {
         for (const Word& word : words)
-            if (text == word.text)
+            if (text.is_string() && text.get_ref<const std::string&>() == word.text)
                 return word.value;
         return std::nullopt;
     };
