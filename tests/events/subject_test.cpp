@@ -53,7 +53,6 @@ struct Subject : CMarvelEvtSubject {
         m_pLilLayer = &peer;
         registerMe(&peer, nullptr);
     }
-    using CMarvelEvtSubject::m_AlertVector;
 };
 
 struct EventSubjectTest : PluginTest {
@@ -83,23 +82,6 @@ TEST_F(EventSubjectTest, PollsAllAndSleepsUntilTheRequest)
     EXPECT_EQ(processed(Subject(m_peer), 2), wanted);
     // Without controllers it only sleeps.
     EXPECT_EQ(processed(Subject(m_peer, {}), 2), Lines({period, period}));
-}
-
-TEST_F(EventSubjectTest, ItsBatchGoesWithItAndCopiesHaveNone)
-{
-    calls.clear();
-    {
-        Subject original(m_peer);
-        original.m_AlertVector = {new CMarvelAlert, new CMarvelAlert};
-        Subject copy(original);
-        EXPECT_EQ(copy.getSubjectID(), original.getSubjectID());
-        EXPECT_TRUE(copy.getCntrlIdList().empty());
-        copy.notifyObserver();
-        original.IEvtSubject::notifyObserver(); // nothing without a member pointer
-        original.registerMe(&m_peer, &IEvtObserver::updateMyself);
-        original.IEvtSubject::notifyObserver();
-    }
-    EXPECT_EQ(calls, Lines({"notify 0", "notify 2", "release 2"}));
 }
 
 } // namespace

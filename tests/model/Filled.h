@@ -2,25 +2,17 @@
 #ifndef ZARNEK_TESTS_FILLED_H
 #define ZARNEK_TESTS_FILLED_H
 
-#include "common/SdoObject.h"
 #include "mvlayer/Binders.h"
-#include "sdo/SDOProxy.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 
 template <class Model, class Binder>
 struct Filled : Model {
     using Model::operator=;
 
     void fill() { *this = static_cast<void*>(&binder); }
-    // What of the attributes that are set goes into the data engine.
-    SdoValues sent()
-    {
-        stg::SDOProxy proxy;
-        proxy.createSDOObject(*this);
-        return valuesOf(proxy.getChildSDOConfigPtr());
-    }
 
     stg::SInfoHelper_t helper;
     Binder binder;

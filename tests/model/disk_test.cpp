@@ -3,11 +3,7 @@
 #include "model/Filled.h"
 #include "support/Status.h"
 
-#include <sdo.h>
-
 #include <cstring>
-
-using testing::ElementsAre;
 
 namespace
 {
@@ -22,58 +18,6 @@ struct Disk : Filled<CMarvelPhysicalDevice, stg::QLVPDBinder_t> {
     _HD_CONFIG config{};
     _HD_FreeSpaceInfo space{};
 };
-
-TEST_F(DiskTest, TakesTheRecordsThatAreThere)
-{
-    CMarvelPhysicalDevice untold;
-    untold = static_cast<void*>(nullptr);
-    EXPECT_THAT(*untold.getPdAttribValueMap(), ElementsAre(testing::Key("m_pdNexus")));
-
-    Disk disk;
-    disk.space.FreeSizeKB = 0x400001;
-    disk.binder = {nullptr, nullptr, nullptr, &disk.space};
-    disk.fill();
-    SdoValues values{{SSPROP_ATTRIBUTEMASK_U32, 0},
-                     {SSPROP_MASTERMETHODMASK_U32, 0},
-                     {SSPROP_CURRENTMETHODMASK_U32, 0},
-                     {SSPROP_OBJTYPE_U32, SDO_OBJTYPE_PHYSICAL_DISK},
-                     {SSPROP_VILNUMBER_U32, SDO_VIL_NUMBER},
-                     {SSPROP_NEXUS_U32, std::vector{SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_SLOTNUM_U32}},
-                     {SSPROP_FREERAIDDISKSPACE_U64, 0x100000400},
-                     {SSPROP_USEDRAIDDISKSPACE_U64, 0xFFFFFFFF - 0x100000400ULL}};
-    EXPECT_EQ(disk.sent(), values);
-
-    disk.binder = {&disk.info, &disk.config, &disk.helper, &disk.space};
-    disk.helper.globalCntrlNum = 101;
-    disk.helper.cntrlId = 2;
-    disk.helper.hdRaidStatus = MV_DISK_IN_ARRAY;
-    disk.info.HD_Id = 0xBEEF;
-    disk.info.SizeKB = 0xFEDCBA9876543;
-    disk.info.BlockSize = 0x80001000;
-    disk.config.SlotNumber = 0xCAFE;
-    disk.space.FreeSizeKB = 0xFEDCBA9876540;
-    disk.fill();
-    for (const auto& [id, value] : SdoValues{{SSPROP_GLOBALCONTROLLERNUM_U32, 101},
-                                             {SSPROP_CONTROLLERID_U32, 2},
-                                             {SSPROP_STATE_U32, SDO_STATE_ONLINE},
-                                             {SSPROP_STATUS_U32, SDO_STATUS_OK},
-                                             {SSPROP_DEVICEID_U32, 0xBEEF},
-                                             {SSPROP_SECTORSIZE_U32, 0x80001000},
-                                             {SSPROP_SLOTNUM_U32, 0xCAFE},
-                                             {SSPROP_SIZE_U64, 0xFEDCBA9876543ULL << 10},
-                                             {SSPROP_USEDRAIDDISKSPACE_U64, 3 << 10},
-                                             {SSPROP_FREERAIDDISKSPACE_U64, 0xFEDCBA9876540ULL << 10},
-                                             {SSPROP_CAPABLESPEED_U32, SDO_SPEED_NONE},
-                                             {SSPROP_NEGOTIATEDSPEED_U32, SDO_SPEED_NONE},
-                                             {SSPROP_REVISION_ASTRING, ""},
-                                             {SSPROP_SERIALNUM_ASTRING, ""},
-                                             {SSPROP_MODEL_ASTRING, ""},
-                                             {SSPROP_PRODUCTID_ASTRING, ""},
-                                             {SSPROP_VENDOR_ASTRING, "VORN"},
-                                             {SSPROP_SASADDRESS_ASTRING, ""}})
-        values.insert_or_assign(id, value);
-    EXPECT_EQ(disk.sent(), values);
-}
 
 TEST_F(DiskTest, DecodesItsCodes)
 {

@@ -140,25 +140,6 @@ class Tree : public testing::Test
     }
 };
 
-TEST_F(Tree, ListsWhatIsDirectlyAssociated)
-{
-    const struct {
-        const char* object;
-        unsigned int type;
-        std::vector<std::string> names;
-    } cases[] = {
-        {"", SDO_OBJTYPE_CONTROLLER, {"controller 0", "controller 1"}},
-        {"", SDO_OBJTYPE_PHYSICAL_DISK, {}},
-        {"controller 0", SDO_OBJTYPE_PHYSICAL_DISK, {"disk 0:7", "disk 0:3"}},
-        {"drive 0:0", SDO_OBJTYPE_PHYSICAL_DISK, {"disk 0:7", "disk 0:3"}},
-        {"disk 0:3", SDO_OBJTYPE_VIRTUAL_DISK, {"drive 0:0"}},
-        {"disk 1:7", SDO_OBJTYPE_VIRTUAL_DISK, {}},
-        {"controller 2", SDO_OBJTYPE_PHYSICAL_DISK, {"256"}},
-    };
-    for (const auto& query : cases)
-        EXPECT_EQ(associated(query.object, query.type), query.names) << query.object << ' ' << query.type;
-}
-
 TEST_F(Tree, InsertingAgainReplacesPropertiesAndKeepsThePlace)
 {
     EXPECT_EQ(insertWithStatus("disk 0:7", 4), 0);

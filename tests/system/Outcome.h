@@ -37,7 +37,6 @@ struct Outcome {
     std::array<CallChain, KEPT> struck; // where it did, the last ones: strike n stands at n modulo KEPT
     unsigned int losses;                // pieces of memory that the plug-in kept beyond its unload
     std::array<CallChain, LOST> lost;   // where they were allocated, as far as there is room
-    std::array<char, 1000> said;        // the plug-in, with the word Failed; in lines
     std::array<char, 1000> faults;      // what the stand-ins and the next run had to complain about, in lines
 };
 

@@ -34,12 +34,6 @@ void append(Lines& lines, const std::string& line)
     std::strncat(lines.data(), (line + '\n').c_str(), lines.size() - std::strlen(lines.data()) - 1);
 }
 
-void noteFailure(void* outcome, const char* line)
-{
-    if (std::strstr(line, "Failed") != nullptr)
-        append(static_cast<Outcome*>(outcome)->said, line);
-}
-
 void describe(std::ostream& text, const void* object)
 {
     for (const auto& [id, value] : valuesOf(object))
@@ -97,7 +91,6 @@ void StandardRun::command(unsigned int number, Outcome& outcome)
 
 void StandardRun::live(Outcome& outcome)
 {
-    morlan_set_debug_sink(noteFailure, &outcome);
     command(ZARNEK_CMD_INITIALIZE, outcome);
     command(ZARNEK_CMD_DISCOVER, outcome);
     // The two threads never run at once, so that each run goes the same way.
@@ -138,7 +131,6 @@ std::string StandardRun::undisturbed()
     start();
     live(outcome);
     m_engine.unloadPlugin();
-    morlan_set_debug_sink(nullptr, nullptr);
     return picture();
 }
 

@@ -9,8 +9,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <set>
-#include <sstream>
 
 using namespace testing;
 
@@ -51,26 +49,6 @@ const char* designOf(What what, unsigned int command, const std::string& chain)
     }
     return nullptr;
 }
-
-// Lines that tell of a failed allocation; each is said in a run.
-const char* const SAID[] = {
-    "ZARNEK:CCommandHandler::getUniqueInstance(): Failed to allocate Memory. std::bad_alloc",
-    "ZARNEK:CCommandHandler::initialize(): Failed to create instance of Library Manager. SubSystemManager "
-    "has NOT been instantiated.",
-    "ZARNEK:CCommandHandler::initialize(): Failed to allocate memory for CSubSystemFactory. std::bad_alloc",
-    "ZARNEK:CLibraryManager::getUniqueInstance(): Failed to allocate Memory. std::bad_alloc",
-    "ZARNEK:CLibraryLoader:createLibModelObj(): Failed to get p_VendorLibrary instance.",
-    "ZARNEK:CLibraryInterfaceLayer: getAllPDInfo()  Failed to allocate memory pHdRaidStatusReq",
-    "ZARNEK:CLibraryInterfaceLayer: getAllPDInfo()  Failed to allocate memory pHdFreeSpaceReq",
-    "ZARNEK:CMarvelSubSystemMgr(): Failed to create LIL obj ",
-    "ZARNEK:CMarvelEventManager::createEventSubject(): Failed to instantiate Event Subject.",
-    "ZARNEK:IEventManager::instantiate(): Failed to create Event Subject. Not proceeding further to create "
-    "Event Observer and Thread.",
-    "ZARNEK:IEventManager::instantiate(): Failed to create Event Observer. Not proceeding further to create "
-    "Event Thread.",
-    "ZARNEK:ISubSystemManager::discover(): Failed to instantiate objects in Event Manager. Not able to "
-    "process events.",
-};
 
 // Once: an allocation fails. ForGood: so do all behind it.
 struct Sweep {
@@ -158,17 +136,9 @@ TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
             m_names.want(answer.struck);
     }
     m_names.find();
-    std::set<std::string> said;
     for (const auto& [nth, outcome] : outcomes) {
         SCOPED_TRACE("allocation " + std::to_string(nth));
         judge(outcome);
-        std::istringstream lines(outcome.said.data());
-        for (std::string line; std::getline(lines, line);) {
-            said.insert(line);
-        }
-    }
-    if (outcomes.size() == whole.places && !GetParam().forGood) {
-        EXPECT_THAT(said, IsSupersetOf(SAID));
     }
     std::cout << outcomes.size() << " of " << whole.places << " allocations failed; the plug-in\n";
     for (const auto& [kind, count] : m_figures)

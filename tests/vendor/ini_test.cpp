@@ -1,5 +1,4 @@
 #include "common/PluginTest.h"
-#include "morlan/morlan_inspect.h"
 #include "vendor/IniAccess.h"
 
 #include <zarnek_ini.h>
@@ -11,10 +10,6 @@ namespace
 
 using Pairs = std::map<unsigned int, unsigned int>;
 using IniTest = PluginTest;
-
-const std::string PATH = "ZARNEK: stg::getVRAXInstallPath()";
-const std::string EMPTY = PATH + ": str is empty.";
-const std::string RESULT = PATH + ": VRAX Install Path: ";
 
 int found(const std::string& keyword, const std::string& section = "Adapter")
 {
@@ -59,31 +54,6 @@ TEST_F(IniTest, ReadersShareTheirGrammar)
     EXPECT_EQ(stg::createAlertLookupTable(except, INI_ALERT_MAPPING_FILE, "Adapter", false), 0);
     EXPECT_EQ(from, (Pairs{{0, 4}, {7, 100}}));
     EXPECT_EQ(except, (Pairs{{9, 4294967295U}}));
-}
-
-TEST_F(IniTest, MissingPathsAndFiles)
-{
-    struct Case {
-        const char *path, *failing;
-        Lines said;
-        unsigned int destroyed;
-    };
-    const std::string label = "ZARNEK:stg::readFromIniFileAgainstKey()";
-    const std::string noPath = label + ": Not able to generate entire file path.";
-    const std::string notAble = PATH + ": Not able to get Install Path.";
-    const std::string noFile = ": Cannot open ini file. File Name: /MarvelAlertMapping.ini";
-    for (const Case& c : {Case{"/opt/x", "", {RESULT + "/opt/x", label + noFile}, 1},
-                          Case{"", "", {EMPTY, RESULT, noPath}, 2},
-                          Case{"/opt/x", "GetIniFilePath", {notAble, EMPTY, RESULT, noPath}, 2},
-                          Case{"/opt/x", "sm_create", {notAble, RESULT, noPath}, 0}}) {
-        morlan_set_install_path(c.path);
-        morlan_fail_call(c.failing, 1, 1, -3);
-        const unsigned int destroyed = morlan_call_count("sm_destroy");
-        clear();
-        EXPECT_EQ(found("7"), -1);
-        EXPECT_EQ(messages(), c.said);
-        EXPECT_EQ(morlan_call_count("sm_destroy") - destroyed, c.destroyed);
-    }
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // What a full disk or a hostile text may not do to the user.
 #include "common/TempFolder.h"
 #include "common/Utf8.h"
-#include "zarnekctl/config/ConfigCheck.h"
 #include "zarnekctl/config/ConfigFolder.h"
 #include "zarnekctl/config/Failure.h"
 
@@ -35,18 +34,6 @@ TEST(ConfigFolder, aCopyThatRanOutOfSpaceIsNotKept)
     std::signal(SIGXFSZ, formerHandler);
     EXPECT_THAT(message, HasSubstr("private.ini: cannot copy the shipped file here: File too large"));
     EXPECT_TRUE(std::filesystem::is_empty(config.path()));
-}
-
-TEST(ConfigCheck, AFileOfAnySizeGetsALine)
-{
-    const TempFolder folder;
-    for (const char* file : {"private.ini", "MarvelAlertMapping.ini"}) {
-        folder.write(file, "");
-        std::filesystem::resize_file(folder.path(file), std::uintmax_t{3} << 30);
-    }
-    EXPECT_THAT(
-        ConfigCheck(ConfigFolder(folder.path())).lines(Effect::Surprise),
-        Each(HasSubstr(": the file is larger than 1 MiB, which no configuration needs: delete it; ")));
 }
 
 TEST(Text, ControlsOfTheWritingDirectionAreEscaped)
