@@ -1,7 +1,6 @@
 #include "common/PluginTest.h"
 #include "common/SdoObject.h"
 #include "discovery/CMarvelSubSystemMgr.h"
-#include "discovery/CSubSystemFactory.h"
 #include "entry/CCommandHandler.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
@@ -142,7 +141,6 @@ class HandlerTest : public EntryTest
 
     CCommandHandler& m_handler = *CCommandHandler::getUniqueInstance();
     std::vector<ISubSystemManager*>& m_list = m_handler.accessVector();
-    std::map<unsigned int, ISubSystemManager*>& m_map = CCommandHandler::accessMap();
     std::vector<const void*> m_calls;
     FakeManager m_one{m_calls}, m_two{m_calls};
     LikeCMarvelSubSystemMgr2 m_alike{m_calls};
@@ -169,25 +167,6 @@ TEST_F(HandlerTest, ListIsWalkedInOrderAndLosesByIdentifierAndClassName)
     EXPECT_EQ(m_handler.startMonitoring() + m_handler.destroyAllResources(), 0);
     EXPECT_THAT(m_list, IsEmpty());
     expectDestructions(1);
-}
-
-TEST_F(HandlerTest, MapKeepsTheFirstManagerAndLosesByKey)
-{
-    CCommandHandler::insertIntoMap(5, &m_one);
-    CCommandHandler::insertIntoMap(5, &m_two);
-    for (const unsigned int number : {6U, 7U})
-        CCommandHandler::insertIntoMap({number, &m_alike});
-    CCommandHandler::deleteFromMap({5, nullptr});
-    EXPECT_THAT(m_map, ElementsAre(Pair(5, &m_one), Pair(6, &m_alike), Pair(7, &m_alike)));
-    CCommandHandler::deleteFromMap({5, &m_alike}); // what stands under the key is what counts
-    expectDestructions(0);
-    CCommandHandler::deleteFromMap(6U); // at each of its places
-    expectDestructions(1);
-    EXPECT_THAT(m_map, IsEmpty());
-    m_map = {{0, nullptr}, {1, &m_one}, {2, &m_alike}};
-    CCommandHandler::deleteAllElementsFromMap();
-    EXPECT_THAT(m_map, IsEmpty());
-    expectDestructions(2);
 }
 
 } // namespace

@@ -22,7 +22,7 @@ IEvtObserver* observerAt(unsigned int index)
     return reinterpret_cast<IEvtObserver*>(&places[index]);
 }
 
-// A vendor's manager that numbers its subjects from 7.
+// A vendor's manager whose subject has the number 7.
 struct Manager : IEventManager {
     using IEventManager::m_CntrlIdList;
 
@@ -31,7 +31,7 @@ struct Manager : IEventManager {
     short createEventSubject(IEvtSubject*& subject) override
     {
         EXPECT_EQ(subject, nullptr);
-        subject = m_last = new Subject(m_nextId++);
+        subject = m_last = new Subject(7);
         return 0;
     }
     short createEventObserver(IEvtSubject* subject, short (*callback)(ICommand&)) override
@@ -42,7 +42,6 @@ struct Manager : IEventManager {
     }
 
     IEvtSubject* m_last = nullptr;
-    unsigned int m_nextId = 7;
 };
 
 using EventFrameTest = PluginTest;

@@ -3,8 +3,6 @@
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
 #include "mvlayer/Binders.h"
-#include "ral/ral_inspect.h"
-#include "support/Status.h"
 
 #include <sdo.h>
 #include <zarnek_ini.h>

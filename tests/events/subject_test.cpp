@@ -53,6 +53,7 @@ struct Subject : CMarvelEvtSubject {
         m_pLilLayer = &peer;
         registerMe(&peer, nullptr);
     }
+    using CMarvelEvtSubject::m_AlertVector;
 };
 
 struct EventSubjectTest : PluginTest {
@@ -82,6 +83,17 @@ TEST_F(EventSubjectTest, PollsAllAndSleepsUntilTheRequest)
     EXPECT_EQ(processed(Subject(m_peer), 2), wanted);
     // Without controllers it only sleeps.
     EXPECT_EQ(processed(Subject(m_peer, {}), 2), Lines({period, period}));
+}
+
+TEST_F(EventSubjectTest, ItsBatchGoesWithItAndCopiesHaveNone)
+{
+    calls.clear();
+    {
+        Subject original(m_peer);
+        original.m_AlertVector = {new CMarvelAlert, new CMarvelAlert};
+        EXPECT_THAT(Subject(original).getCntrlIdList(), testing::IsEmpty());
+    }
+    EXPECT_EQ(calls, Lines({"release 2"}));
 }
 
 } // namespace

@@ -5,11 +5,9 @@
 #include "model/CMarvellController.h"
 #include "mvlayer/CMVLibraryInterfaceLayer.h"
 #include "vendor/CLibraryManager.h"
-#include "vendor/CMarvellVendorLibrary.h"
 
 #include <sdo.h>
 
-#include <array>
 #include <optional>
 #include <tuple>
 
@@ -96,30 +94,6 @@ class LayerTest : public PluginTest
 
     std::optional<Layer> m_layer;
 };
-
-// A library that is not there, or of which nothing is bound, reads as success with an empty answer.
-TEST_F(LayerTest, AnswersNothingWithoutLibraryOrEntryPoints)
-{
-    EXPECT_EQ(m_layer->getPhysicalDisksInfo(0, 3, nullptr), 0) << "without memory for the request";
-    m_layer.reset(); // ahead of its library
-    CLibraryManager::destroyMe();
-    clear();
-    for (const bool registered : {false, true}) {
-        if (registered)
-            CLibraryManager::getUniqueInstance()->insertIntoMap(SDO_VIL_NUMBER,
-                                                                new CMarvellVendorLibrary("9", ""));
-        m_layer.emplace(SDO_VIL_NUMBER, nullptr);
-        std::vector<CAlert*> alerts;
-        EXPECT_EQ(m_layer->getControllerCount() + m_layer->getControllerCount(nullptr) +
-                      m_layer->getPDCount(0) + m_layer->getVDCount(0) + m_layer->getMarvellBufSize(0),
-                  0U);
-        EXPECT_EQ(m_layer->getEventInfo({1, 0}, alerts) + m_layer->flushEvents(0), 0);
-        EXPECT_EQ(controller(""), (Outcome{{0}, {0, 50, 0}})) << "reads zeroed records";
-        for (const auto& outcome : {disk("6"), disks(""), drive("6"), drives("")})
-            EXPECT_EQ(outcome[0], Numbers{0});
-    }
-    EXPECT_THAT(vendorCalls(), IsEmpty());
-}
 
 TEST_F(LayerTest, ReadsTheLowByteAndNamesErrors)
 {

@@ -87,23 +87,4 @@ TEST_F(RecordsTest, OneDisk)
               with(Bytes(32), {{0, header}, {0x06, {1}}, {0x10, {0xff}}, {0x18, {8, 7, 6, 5, 4, 3, 2, 1}}}));
 }
 
-TEST_F(RecordsTest, Adapters)
-{
-    loadAdapter(R"("pdCount": 200, "vdCount": 201,
-                   "raw": {"info": {"0x12f": "99"}, "config": {"0x3f": "98"}, "oem": {"0x47": "97"}})");
-    unsigned int count = 0;
-    Bytes info(304, UNTOUCHED);
-    EXPECT_EQ(MV_Adapter_GetInfo(0, &count, reinterpret_cast<_Adapter_Info*>(info.data())), 0U);
-    EXPECT_EQ(info,
-              with(Bytes(304), {{0x34, {3}}, {0x5a, {200}}, {0x5d, {201}}, {0x6a, {64}}, {0x12f, {0x99}}}));
-
-    Bytes config(64, UNTOUCHED);
-    EXPECT_EQ(MV_Adapter_GetConfig(0, &count, reinterpret_cast<_Adapter_Config_V2*>(config.data())), 0U);
-    EXPECT_EQ(config, with(Bytes(64), {{0x3f, {0x98}}}));
-
-    Bytes oem = with(Bytes(72, UNTOUCHED), {{0x00, {72, 0}}, {0x10, {0}}});
-    EXPECT_EQ(MV_Adapter_Get_OEM_Data(0, reinterpret_cast<_Adapter_OEM_Data*>(oem.data())), 0U);
-    EXPECT_EQ(oem, with(Bytes(72), {{0x00, {72}}, {0x47, {0x97}}}));
-}
-
 } // namespace
