@@ -89,7 +89,9 @@ TEST(SdoReader, eachTypeReachesJsonWhole)
         {SDO_TYPE_ASTRING, std::string("name\0rest", 9), {{"value", "name"}}},
         {SDO_TYPE_ASTRING, std::string(256, 'x'), {{"value", std::string(256, 'x')}}}, // no terminator
         {SDO_TYPE_ASTRING, "A\xff\x01", {{"value", "A\\xff\\x01"}, {"bytes", "41ff01"}}},
-        {SDO_TYPE_NEXUS_U32, bytesOf(24600U) + bytesOf(24810U), {{"value", {24600, 24810}}}},
+        {SDO_TYPE_NEXUS_U32,
+         bytesOf(SSPROP_GLOBALCONTROLLERNUM_U32) + bytesOf(SSPROP_SLOTNUM_U32),
+         {{"value", {SSPROP_GLOBALCONTROLLERNUM_U32, SSPROP_SLOTNUM_U32}}}},
         {200, "\x01\xff", {{"value", nullptr}, {"bytes", "01ff"}}}};
     for (const auto& row : rows) {
         void* handle = SMSDOConfigAlloc();
