@@ -10,7 +10,7 @@ namespace devkit
 
 enum class FileRead { Done, Missing, TooLarge, Failed };
 
-constexpr std::size_t MIB = 1024 * 1024;
+constexpr std::size_t MIB = std::size_t{1024} * 1024;
 
 // Reads a regular file; anything else but a missing one has failed. One of more than `limit` bytes is too
 // large, and not read; the common limit is far above what configuration files and the kernel's hold.

@@ -70,7 +70,7 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
     struct Case {
         Numbers commands, totals, controllers; // totals told, and numbers in the data engine
         std::size_t listed;                    // managers
-        int destroyed, started;                // managers, and event threads
+        std::size_t destroyed, started;        // managers, and event threads
     };
     for (const Case& c : {Case{{INIT, FIND, START, STOP, END}, {2}, {10, 11}, 0, 1, 1},
                           // Without a manager nothing happens.
@@ -134,7 +134,7 @@ class HandlerTest : public EntryTest
 {
   protected:
     // So often the singleton was to be destroyed since the last clear.
-    void expectDestructions(int count) const
+    void expectDestructions(std::size_t count) const
     {
         EXPECT_THAT(log(), Contains("ZARNEK:CMarvelSubSystemMgr::destroyMe() ENTRY ").Times(count));
     }

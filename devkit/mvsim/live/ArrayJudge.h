@@ -1,5 +1,5 @@
-// What md arrays mean: the virtual disks that they are, and what they make of the machine's disks. Looks at
-// nothing but its arguments.
+// Which virtual disks md arrays are, and what they make of the machine's disks. Looks at nothing but its
+// arguments; what md's words mean stands in ArrayStates.h.
 #ifndef ZARNEK_DEVKIT_MVSIM_ARRAYJUDGE_H
 #define ZARNEK_DEVKIT_MVSIM_ARRAYJUDGE_H
 

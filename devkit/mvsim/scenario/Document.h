@@ -6,29 +6,18 @@
 
 #include "mvsim/scenario/FormatError.h"
 
-#include <utility>
-
 namespace mvsim
 {
 
 struct Document {
     Json root;
 
-    Document() = default;
-    explicit Document(Json&& parsed) : root(std::move(parsed)) {}
+    Document();
+    explicit Document(Json&& parsed);
     Document(Document&&) = default;
     Document& operator=(Document&&) = default;
-    ~Document() { empty(root); }
-
-  private:
-    static void empty(Json& value)
-    {
-        if (!value.is_structured())
-            return;
-        for (Json& element : value)
-            empty(element);
-        value.clear();
-    }
+    // Iterators throw where they meet another container only.
+    ~Document(); // NOLINT(bugprone-exception-escape)
 };
 
 } // namespace mvsim
