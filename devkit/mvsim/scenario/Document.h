@@ -16,8 +16,7 @@ struct Document {
     explicit Document(Json&& parsed);
     Document(Document&&) = default;
     Document& operator=(Document&&) = default;
-    // Iterators throw where they meet another container only.
-    ~Document(); // NOLINT(bugprone-exception-escape)
+    ~Document();
 };
 
 } // namespace mvsim
