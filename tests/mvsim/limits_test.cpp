@@ -13,10 +13,14 @@ std::atomic<std::size_t> g_taken{0}; // bytes of all allocations
 
 } // namespace
 
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t& /*form*/) noexcept
 {
     g_taken += size;
-    void* const memory = std::malloc(size);
+    return std::malloc(size);
+}
+void* operator new(std::size_t size)
+{
+    void* const memory = operator new(size, std::nothrow);
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept
