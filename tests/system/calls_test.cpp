@@ -27,7 +27,7 @@ constexpr Library RAL{ral_fail_call, ral_clear_faults, ral_call_count};
 constexpr Library VENDOR{mvsim_fail_call, mvsim_clear_faults, mvsim_call_count};
 
 struct Call {
-    const Library* library;
+    const Library* callee;
     const char* name;
     bool loses = false; // what it was to give back, or an object that nobody takes, stays with the stand-ins
 };
@@ -74,14 +74,14 @@ class CallFaults : public IFaultPlan
     void begin(Outcome& outcome) override
     {
         m_outcome = &outcome;
-        m_before = m_call.library->count(m_call.name);
+        m_before = m_call.callee->count(m_call.name);
         if (m_nth != 0)
-            m_call.library->fail(m_call.name, m_nth, m_forGood ? 0 : 1, MV_ERR_FAIL);
+            m_call.callee->fail(m_call.name, m_nth, m_forGood ? 0 : 1, MV_ERR_FAIL);
     }
     void end() override
     {
-        m_outcome->places = m_call.library->count(m_call.name) - m_before;
-        m_call.library->clear();
+        m_outcome->places = m_call.callee->count(m_call.name) - m_before;
+        m_call.callee->clear();
     }
 
   private:

@@ -94,14 +94,14 @@ void tryLibrary(const std::string& name, const LibraryProbe& probe, std::size_t 
 
 void checkLibrary(const VendorEntry& vendor, std::size_t line, const LibraryProbe& probe, Findings& findings)
 {
-    const std::string name = vendor.library.value_or("");
+    const std::string name = vendor.name.value_or("");
     const std::string limit = std::to_string(INI_VALUE_LIMIT);
     const std::string suffix = INI_LIBRARY_SUFFIX;
     const auto refuse = [&](const std::string& what, const std::string& remedy) {
         findings.push_back({line, Effect::NoDiscovery, what, remedy});
     };
     if (name.empty())
-        refuse("the vendor library has no name", "write " + vendor.libraryKey +
+        refuse("the vendor library has no name", "write " + vendor.nameKey +
                                                      "= and the library's file name without " + suffix +
                                                      " below " + inBrackets(INI_VENDOR_LIBRARY_SECTION));
     else if (name.size() > INI_VALUE_LIMIT)
@@ -119,8 +119,8 @@ void checkLibrary(const VendorEntry& vendor, std::size_t line, const LibraryProb
 
 VendorEntry::VendorEntry(const IniText& privateIni)
     : id(privateIni.value(INI_VENDOR_ID_SECTION, INI_VENDOR_ID_KEY)),
-      libraryKey(INI_VENDOR_LIBRARY_KEY_PREFIX + id.value_or(VENDOR_ID)),
-      library(privateIni.value(INI_VENDOR_LIBRARY_SECTION, libraryKey))
+      nameKey(INI_VENDOR_LIBRARY_KEY_PREFIX + id.value_or(VENDOR_ID)),
+      name(privateIni.value(INI_VENDOR_LIBRARY_SECTION, nameKey))
 {
 }
 
@@ -142,11 +142,11 @@ Findings checkPrivateIni(const std::filesystem::path& file, const LibraryProbe& 
                        : "the vendor id is missing",
              std::string("write ") + INI_VENDOR_ID_KEY + "=" + VENDOR_ID + " below " +
                  inBrackets(INI_VENDOR_ID_SECTION)});
-    checkLibrary(vendor, places.lineOf(INI_VENDOR_LIBRARY_SECTION, vendor.libraryKey), probe, findings);
+    checkLibrary(vendor, places.lineOf(INI_VENDOR_LIBRARY_SECTION, vendor.nameKey), probe, findings);
 
     for (const auto& [place, line] : places.keys()) {
         const bool isRead = place == Place(INI_VENDOR_ID_SECTION, INI_VENDOR_ID_KEY) ||
-                            place == Place(INI_VENDOR_LIBRARY_SECTION, vendor.libraryKey);
+                            place == Place(INI_VENDOR_LIBRARY_SECTION, vendor.nameKey);
         if (!isRead)
             findings.push_back(
                 {line, Effect::Surprise,

@@ -23,8 +23,8 @@ Findings checkPrivateIni(const std::filesystem::path& file, const LibraryProbe& 
 // What the private INI says about the vendor library.
 struct VendorEntry {
     std::optional<std::string> id;
-    std::string libraryKey; // where the name stands; under the one known id when there is none
-    std::optional<std::string> library;
+    std::string nameKey; // where the name of the library stands; under the one known id when there is none
+    std::optional<std::string> name; // of the library
 
     explicit VendorEntry(const devkit::IniText& privateIni);
 };

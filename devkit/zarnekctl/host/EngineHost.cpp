@@ -57,7 +57,7 @@ std::string vendorLibraryName(const fs::path& privateIni)
 {
     std::string content;
     devkit::readFile(privateIni.string(), content);
-    return VendorEntry(devkit::IniText(content)).library.value_or("");
+    return VendorEntry(devkit::IniText(content)).name.value_or("");
 }
 
 // The file itself, otherwise a shipped scenario of that name. Throws Failure (BadInput) when there is
