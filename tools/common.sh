@@ -102,7 +102,7 @@ build() {
     quietly cmake --build "$root/build/$preset" --parallel "$(nproc)" ${2:+--target "$2"}
 }
 
-# Builds a preset, runs its tests, and adds them to $passed and $failed.
+# Builds a preset, runs its tests, tells the figures that they print, and adds them to $passed and $failed.
 run_suite() {
     local preset=$1 log total broken
     build "$preset"
@@ -111,6 +111,7 @@ run_suite() {
     (cd "$root" && ctest --preset "$preset" --parallel "$(nproc)") >"$log" 2>&1 || true
     # Failures are told whole, successes by ctest's own summary.
     if grep -q '^100% tests passed' "$log"; then
+        sed -n 's/^figures: /    /p' "$root/build/$preset/Testing/Temporary/LastTest.log"
         tail -n 4 "$log"
     else
         grep -v ' Passed ' "$log" || true
@@ -125,6 +126,16 @@ run_suite() {
     fi
     passed=$((passed + total - broken))
     failed=$((failed + broken))
+}
+
+# check COMMAND...: a check that is no test run; one case.
+check() {
+    say "$*"
+    if ("$@"); then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+    fi
 }
 
 # The last line of a test run, and its exit status.

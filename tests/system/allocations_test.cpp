@@ -1,5 +1,6 @@
 // Each allocation of the plug-in fails in its turn, once and for good, in a life of the plug-in from load to
 // unload. What may come of it stands in the tables below; anything else is a fault.
+#include "common/LongForm.h"
 #include "system/AllocationFaults.h"
 
 #include <zarnek.h>
@@ -7,7 +8,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 
 using namespace testing;
@@ -124,8 +124,7 @@ TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
     m_figures.clear();
 
     std::map<unsigned int, Outcome> outcomes;
-    const bool every = std::getenv("ZARNEK_EVERY_ALLOCATION") != nullptr;
-    for (unsigned int nth = 1; nth <= whole.places; nth += every ? 1 : GetParam().stride) {
+    for (unsigned int nth = 1; nth <= whole.places; nth += longForm() ? 1 : GetParam().stride) {
         const Outcome& outcome = outcomes[nth] = run(nth);
         ASSERT_GE(outcome.strikes, 1U) << "the runs differ";
         for (const CallChain& chain : outcome.struck)
@@ -140,9 +139,11 @@ TEST_P(AllocationsTest, EachFailureEndsAsDesigned)
         SCOPED_TRACE("allocation " + std::to_string(nth));
         judge(outcome);
     }
-    std::cout << outcomes.size() << " of " << whole.places << " allocations failed; the plug-in\n";
+    std::cout << "figures: " << outcomes.size() << " of " << whole.places
+              << " allocations failed; the plug-in";
     for (const auto& [kind, count] : m_figures)
-        std::cout << "    " << count << ' ' << kind << '\n';
+        std::cout << "; " << count << ' ' << kind;
+    std::cout << '\n';
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AllocationsTest, ValuesIn(SWEEPS),
