@@ -10,4 +10,12 @@ inline bool longForm()
     return std::getenv("ZARNEK_LONG") != nullptr;
 }
 
+inline unsigned int rounds(unsigned int quick, unsigned int all)
+{
+#ifdef ZARNEK_SANITIZED
+    quick = (quick + 3) / 4; // such a program is slow
+#endif
+    return longForm() ? all : quick;
+}
+
 #endif
