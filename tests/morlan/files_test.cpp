@@ -5,11 +5,57 @@
 #include <morlan.h>
 
 #include <gtest/gtest.h>
-
+#include <sys/ptrace.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
+#include <functional>
 
 namespace
 {
+
+// Does something in a process of its own and kills that at its nth stop; each system call is one as it begins
+// and one as it ends. False when there were not so many.
+bool killedAt(unsigned int stop, const std::function<void()>& act)
+{
+    const pid_t process = fork();
+    if (process == 0) {
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        act();
+        _exit(0);
+    }
+    int status = 0;
+    while (waitpid(process, &status, 0) == process && WIFSTOPPED(status))
+        if (stop-- != 0)
+            ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
+        else
+            kill(process, SIGKILL);
+    return WIFSIGNALED(status);
+}
+
+TEST(Files, AWriterKilledAtAnyMomentLeavesTheOldFileOrTheNewOne)
+{
+    const TempFolder folder;
+    const auto write = [&](const char* value) {
+        return SMWriteINIPathFileValue("A", "k", 0, value, 2, folder.path("f.ini").c_str(), 0);
+    };
+    const auto content = [](const std::string& value) { return "[A]\nk=" + value + "\n[B]\nk=0\n"; };
+    unsigned int old = 0;
+    unsigned int kills = 0;
+    for (bool isKilled = true; isKilled; kills += isKilled ? 1 : 0) {
+        folder.write("f.ini", content("1"));
+        isKilled = killedAt(kills, [&] { write("2"); });
+        old += old == kills && folder.read("f.ini") == content("1") ? 1 : 0;
+        EXPECT_EQ(folder.read("f.ini"), content(old > kills ? "1" : "2")) << "killed at stop " << kills;
+        EXPECT_EQ(write("3"), 0) << "what was left behind hinders";
+        EXPECT_EQ(folder.read("f.ini"), content("3"));
+    }
+    std::cout << "figures: " << kills << " kills of a writer, " << old
+              << " of them ahead of the replacement\n";
+    EXPECT_GT(old, 10U);
+}
 
 TEST(Files, AWritePassesOverWhatAFormerProcessOfTheSameIdLeftBehind)
 {
