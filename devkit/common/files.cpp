@@ -2,9 +2,8 @@
 
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
-#include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <sys/stat.h>
@@ -15,38 +14,6 @@ namespace devkit
 
 namespace
 {
-
-class Descriptor
-{
-  public:
-    explicit Descriptor(int number) : m_number(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            close(m_number);
-    }
-    bool isOpen() const { return m_number >= 0; }
-    int number() const { return m_number; }
-
-  private:
-    const int m_number;
-};
-
-// Where the file itself lies when symbolic links are followed, whether it exists or not; nothing when they
-// run in a circle.
-std::optional<std::filesystem::path> resolved(std::filesystem::path path)
-{
-    constexpr int MOST_LINKS = 40;
-    std::error_code error;
-    for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
-        if (links == MOST_LINKS)
-            return std::nullopt;
-        path = path.parent_path() / std::filesystem::read_symlink(path, error);
-    }
-    return path;
-}
 
 bool writeAll(int descriptor, const std::string& content)
 {
@@ -61,53 +28,18 @@ bool writeAll(int descriptor, const std::string& content)
     return true;
 }
 
-// A name that no other writer uses. A process that had this one's id may have left such a file behind.
-std::filesystem::path temporaryFor(const std::filesystem::path& target)
+// The rest of an open file.
+FileRead readAll(int descriptor, std::string& content, std::size_t limit)
 {
-    static std::atomic<unsigned int> count{0};
-    return target.parent_path() / ('.' + target.filename().string() + '.' + std::to_string(getpid()) + '-' +
-                                   std::to_string(++count) + ".tmp");
-}
-
-// Opens a new file beside the target and sets `path` to its name.
-int openTemporary(const std::filesystem::path& target, std::filesystem::path& path)
-{
-    int descriptor = -1;
-    do {
-        path = temporaryFor(target);
-        descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    } while (descriptor < 0 && errno == EEXIST);
-    return descriptor;
-}
-
-bool writeLike(const struct stat* model, const Descriptor& file, const std::string& content)
-{
-    if (model != nullptr) {
-        // The owner first: changing it takes mode bits away.
-        [[maybe_unused]] const int ignored = fchown(file.number(), model->st_uid, model->st_gid);
-        if (fchmod(file.number(), model->st_mode & 07777) != 0)
-            return false;
-    }
-    return writeAll(file.number(), content) && fsync(file.number()) == 0;
-}
-
-} // namespace
-
-FileRead readFile(const std::string& path, std::string& content, std::size_t limit)
-{
-    // Not waiting: a pipe in the file's place must not hang the caller.
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen())
-        return errno == ENOENT ? FileRead::Missing : FileRead::Failed;
     struct stat status = {};
-    if (fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
         return FileRead::Failed;
     if (static_cast<std::uintmax_t>(status.st_size) > limit)
         return FileRead::TooLarge;
     content.clear();
     char buffer[4096];
     for (;;) {
-        const ssize_t length = read(file.number(), buffer, sizeof buffer);
+        const ssize_t length = read(descriptor, buffer, sizeof buffer);
         if (length == 0)
             return FileRead::Done;
         // A file may grow, and one of the kernel's tells no size.
@@ -120,6 +52,82 @@ FileRead readFile(const std::string& path, std::string& content, std::size_t lim
     }
 }
 
+FileRead readAt(int folder, const std::string& name, int flags, std::string& content, std::size_t limit)
+{
+    // To open a device may be to do something with it.
+    struct stat status = {};
+    if (fstatat(folder, name.c_str(), &status, (flags & O_NOFOLLOW) != 0 ? AT_SYMLINK_NOFOLLOW : 0) != 0)
+        return errno == ENOENT ? FileRead::Missing : FileRead::Failed;
+    if (!S_ISREG(status.st_mode))
+        return FileRead::Failed;
+    // Not waiting: a pipe that came into the file's place just now must not hang the caller.
+    const Descriptor file(openat(folder, name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | flags));
+    if (!file.isOpen())
+        return errno == ENOENT ? FileRead::Missing : FileRead::Failed;
+    return readAll(file.number(), content, limit);
+}
+
+// Opens a new file in the folder and sets `name` to its name, which no other writer uses; a process that had
+// this one's id may have left such a file behind.
+int openTemporary(int folder, const std::string& target, mode_t mode, std::string& name)
+{
+    static std::atomic<unsigned int> count{0};
+    int descriptor = -1;
+    do {
+        name = '.' + target + '.' + std::to_string(getpid()) + '-' + std::to_string(++count) + ".tmp";
+        descriptor = openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    } while (descriptor < 0 && errno == EEXIST);
+    return descriptor;
+}
+
+bool writeLike(const struct stat* model, const Descriptor& file, const std::string& content)
+{
+    if (model != nullptr) {
+        // The owner first: changing it takes mode bits away. Nobody's rights are lent to who runs the file.
+        [[maybe_unused]] const int ignored = fchown(file.number(), model->st_uid, model->st_gid);
+        if (fchmod(file.number(), model->st_mode & 0777) != 0)
+            return false;
+    }
+    return writeAll(file.number(), content) && fsync(file.number()) == 0;
+}
+
+// The target of a symbolic link that may be followed; nothing, and errno 0, where there is no link.
+std::optional<std::string> followed(int folder, const std::string& name)
+{
+    const Descriptor link(openat(folder, name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status = {};
+    const bool isThere = link.isOpen() && fstat(link.number(), &status) == 0;
+    if (!isThere || !S_ISLNK(status.st_mode)) {
+        errno = isThere || errno == ENOENT ? 0 : errno;
+        return std::nullopt;
+    }
+    if (status.st_uid != 0 && status.st_uid != geteuid()) {
+        errno = EACCES;
+        return std::nullopt;
+    }
+    char target[PATH_MAX];
+    const ssize_t length = readlinkat(link.number(), "", target, sizeof target);
+    return length < 0 ? std::nullopt : std::optional(std::string(target, static_cast<std::size_t>(length)));
+}
+
+} // namespace
+
+Descriptor::~Descriptor()
+{
+    if (m_number >= 0)
+        close(m_number);
+}
+
+Descriptor openFolder(const std::string& path, int from)
+{
+    return Descriptor(openat(from, path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+FileRead readFile(const std::string& path, std::string& content, std::size_t limit)
+{
+    return readAt(AT_FDCWD, path, 0, content, limit);
+}
+
 const char* reasonOf(FileRead read)
 {
     return read == FileRead::TooLarge
@@ -127,36 +135,59 @@ const char* reasonOf(FileRead read)
                : "the file cannot be read";
 }
 
-bool replaceFile(const std::string& path, const std::string& content)
+FilePlace::FilePlace(const std::string& path, int from)
 {
-    const std::optional<std::filesystem::path> target = resolved(path);
-    if (!target) {
-        errno = ELOOP;
+    constexpr int MOST_LINKS = 40;
+    std::filesystem::path way = path;
+    for (int links = 0; links <= MOST_LINKS; ++links) {
+        const std::string parent = way.has_parent_path() ? way.parent_path().string() : ".";
+        m_folder = openFolder(parent, links == 0 ? from : m_folder.number());
+        m_error = errno;
+        if (!m_folder.isOpen())
+            return;
+        m_name = way.filename().string();
+        const std::optional<std::string> target = followed(m_folder.number(), m_name);
+        m_error = errno;
+        if (!target)
+            return;
+        way = *target;
+    }
+    m_error = ELOOP;
+}
+
+FileRead FilePlace::read(std::string& content) const
+{
+    return m_error != 0 ? FileRead::Failed : readAt(m_folder.number(), m_name, O_NOFOLLOW, content, MIB);
+}
+
+bool FilePlace::replace(const std::string& content) const
+{
+    if (m_error != 0) {
+        errno = m_error;
         return false;
     }
-    const std::string folderName = target->has_parent_path() ? target->parent_path().string() : ".";
-    const Descriptor folder(open(folderName.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder.isOpen())
-        return false;
-
     struct stat present = {};
-    const bool exists = stat(target->c_str(), &present) == 0;
+    const bool exists = fstatat(m_folder.number(), m_name.c_str(), &present, AT_SYMLINK_NOFOLLOW) == 0;
     if (!exists && errno != ENOENT)
         return false; // its mode and owner could not be kept
-    std::filesystem::path temporary;
-    const Descriptor file(openTemporary(*target, temporary));
+    if (exists && !S_ISREG(present.st_mode)) {
+        errno = EEXIST;
+        return false;
+    }
+    std::string temporary;
+    const Descriptor file(openTemporary(m_folder.number(), m_name, exists ? 0600 : 0644, temporary));
     if (!file.isOpen())
         return false;
     if (!writeLike(exists ? &present : nullptr, file, content) ||
-        rename(temporary.c_str(), target->c_str()) != 0) {
+        renameat(m_folder.number(), temporary.c_str(), m_folder.number(), m_name.c_str()) != 0) {
         const int reason = errno;
-        unlink(temporary.c_str());
+        unlinkat(m_folder.number(), temporary.c_str(), 0);
         errno = reason;
         return false;
     }
     // A folder that cannot be synced is no failure: the new content is in place, and all that a crash could
     // bring back is the old one.
-    fsync(folder.number());
+    fsync(m_folder.number());
     return true;
 }
 

@@ -1,12 +1,38 @@
-// Whole files: reading, and replacing in one step.
+// Whole files: reading, and replacing in one step, in a folder that may be held open.
 #ifndef ZARNEK_DEVKIT_COMMON_FILES_H
 #define ZARNEK_DEVKIT_COMMON_FILES_H
 
 #include <cstddef>
+#include <fcntl.h>
 #include <string>
+#include <sys/types.h>
+#include <utility>
 
 namespace devkit
 {
+
+// An open file or folder, closed when this goes.
+class Descriptor
+{
+  public:
+    Descriptor() = default;
+    explicit Descriptor(int number) : m_number(number) {}
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+    ~Descriptor();
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+  private:
+    int m_number = -1;
+};
+
+// Not open when there is no such folder, or it cannot be read; errno tells why.
+Descriptor openFolder(const std::string& path, int from = AT_FDCWD);
 
 enum class FileRead { Done, Missing, TooLarge, Failed };
 
@@ -18,10 +44,28 @@ FileRead readFile(const std::string& path, std::string& content, std::size_t lim
 // What keeps a configuration file that is not Done from being read, for people.
 const char* reasonOf(FileRead read);
 
-// Gives a file new content so that at any moment, a crash included, either the old or the new content is
-// there. An existing file keeps its mode, and its owner where this process may give it; behind a symbolic
-// link, its target is replaced. False: nothing has changed, no trace is left, and errno tells why.
-bool replaceFile(const std::string& path, const std::string& content);
+// Where a file is or will be: its folder, held open, and its name there. What goes through it stays in that
+// folder, whatever takes over the folder's name or is planted in the file's place meanwhile.
+class FilePlace
+{
+  public:
+    // The path is taken from the open folder `from`. Where it ends in a symbolic link, the place is that of
+    // the link's target, missing or not. A link that belongs neither to root nor to the user of this process
+    // may be somebody's trap: it leads to no place, nor do links in a circle.
+    explicit FilePlace(const std::string& path, int from = AT_FDCWD);
+
+    // Without a place this has failed.
+    FileRead read(std::string& content) const;
+    // Gives the file new content so that at any moment, a crash included, either the old or the new content
+    // is there. An existing file keeps its mode, and its owner where this process may give it; a new one
+    // others may read at most. False: nothing has changed, no trace is left, and errno tells why.
+    bool replace(const std::string& content) const;
+
+  private:
+    Descriptor m_folder;
+    std::string m_name;
+    int m_error = 0; // errno for why there is no place
+};
 
 } // namespace devkit
 

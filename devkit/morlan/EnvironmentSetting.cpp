@@ -32,7 +32,7 @@ void EnvironmentSetting::reset()
 std::optional<std::string> EnvironmentSetting::get() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_isSet ? m_text : copied(std::getenv(m_variable));
+    return m_isSet ? m_text : copied(secure_getenv(m_variable));
 }
 
 } // namespace morlan

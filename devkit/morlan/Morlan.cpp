@@ -46,7 +46,7 @@ Morlan::Morlan()
 
 void Morlan::reset()
 {
-    installPath.reset();
+    installFolder.reset();
     privateIni.reset();
     faults.reset();
     debugSink.set(nullptr, nullptr);

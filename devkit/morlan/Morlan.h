@@ -7,6 +7,7 @@
 #include "common/devkit_hooks.h"
 #include "common/guarded.h"
 #include "morlan/EnvironmentSetting.h"
+#include "morlan/InstallFolder.h"
 #include "morlan/MutexTable.h"
 #include "morlan/StringTable.h"
 #include "morlan/ThreadTable.h"
@@ -25,7 +26,7 @@ class Morlan
     // Never destroyed: threads of the library and destructors of other ones may come after the exit handlers.
     static Morlan& instance();
 
-    EnvironmentSetting installPath{"MORLAN_INSTALL_PATH"};
+    InstallFolder installFolder;
     EnvironmentSetting privateIni{"MORLAN_PRIVATE_INI"};
     devkit::FaultPlan faults;
     devkit::SinkSlot<devkit_text_sink> debugSink;

@@ -12,7 +12,6 @@
 #include <dlfcn.h>
 #include <string>
 
-using devkit::IniFile;
 using devkit::quoted;
 using morlan::Morlan;
 
@@ -55,7 +54,7 @@ bool privateIniValue(const char* section, const char* key, char* buffer, unsigne
     const std::optional<std::string> file = library().privateIni.get();
     if (!file)
         return false;
-    const std::optional<std::string> value = IniFile(*file).value(section, key);
+    const std::optional<std::string> value = devkit::iniValue(*file, section, key);
     if (!value)
         return false;
     *size = static_cast<unsigned int>(devkit::copyText(*value, buffer, *size) + 1);
@@ -144,7 +143,7 @@ int GetIniFilePath(void* string)
 {
     std::optional<std::string> path;
     const int status = library().attempt(__func__, [&] {
-        path = library().installPath.get();
+        path = library().installFolder.path();
         return path && library().strings.assign(string, *path);
     });
     report([&] {
@@ -191,7 +190,7 @@ int SMWriteINIPathFileValue(const char* section, const char* key, int type, cons
     const char* const text = isTextArgument(value, size) ? static_cast<const char*>(value) : nullptr;
     const int status = library().attempt(__func__, [&] {
         return section != nullptr && key != nullptr && text != nullptr && path != nullptr &&
-               IniFile(path).write(section, key, text);
+               devkit::writeIniValue(library().installFolder.placeOf(path), section, key, text);
     });
     report([&] {
         return "SMWriteINIPathFileValue(" + quoted(section) + ", " + quoted(key) + ", " +

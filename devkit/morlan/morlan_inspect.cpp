@@ -18,7 +18,7 @@ Morlan& library()
 
 void morlan_set_install_path(const char* directory)
 {
-    devkit::guarded([=] { library().installPath.set(directory); });
+    devkit::guarded([=] { library().installFolder.set(directory); });
 }
 
 void morlan_set_private_ini(const char* file)

@@ -14,7 +14,8 @@ extern "C" {
 
 // The directory that GetIniFilePath gives. Empty: it gives an empty text. Null: it fails. The text is copied.
 // Until this is called, the environment variable MORLAN_INSTALL_PATH decides; without it GetIniFilePath
-// fails.
+// fails. The folder is held open: SMWriteINIPathFileValue goes on writing into it when its name meanwhile
+// leads elsewhere.
 DEVKIT_EXPORT void morlan_set_install_path(const char* directory);
 // The file that SSGetPrivateIniValue reads; null: none, every key is missing. The text is copied.
 // Until this is called, the environment variable MORLAN_PRIVATE_INI decides.

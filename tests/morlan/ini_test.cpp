@@ -14,6 +14,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace
 {
@@ -131,7 +132,8 @@ TEST_F(Ini, AFailedWriteLeavesEverythingAsItWas)
     folder.write("f.ini", before);
     std::filesystem::create_directory(folder.path("folder.ini"));
     std::filesystem::create_symlink("circle.ini", folder.path("circle.ini"));
-    for (const char* file : {"missing/f.ini", "f.ini/f.ini", "folder.ini", "circle.ini"})
+    mkfifo(folder.path("pipe.ini").c_str(), 0600);
+    for (const char* file : {"missing/f.ini", "f.ini/f.ini", "folder.ini", "circle.ini", "pipe.ini"})
         EXPECT_NE(writeKey(file, "2"), 0) << file;
 
     // A disk that fills up in the middle of the write.
@@ -140,11 +142,29 @@ TEST_F(Ini, AFailedWriteLeavesEverythingAsItWas)
     const rlimit full = {1000, former.rlim_max};
     const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &full);
-    EXPECT_NE(writeKey("f.ini", "2"), 0);
+    for (const char* file : {"f.ini", "fresh.ini"})
+        EXPECT_NE(writeKey(file, std::string(2000, '2')), 0) << file;
     setrlimit(RLIMIT_FSIZE, &former);
     std::signal(SIGXFSZ, formerHandler);
     EXPECT_EQ(folder.read("f.ini"), before);
-    EXPECT_EQ(folder.entries(), 3U);
+    EXPECT_EQ(folder.entries(), 4U);
+}
+
+TEST_F(Ini, WhatIsSwappedOrPlantedLosesAndNothingOutsideIsWritten)
+{
+    for (const char* name : {"config", "outside"})
+        std::filesystem::create_directory(folder.path(name));
+    folder.write("outside/f.ini", "[B]\n");
+    const std::string planted = folder.path("config/planted.ini");
+    std::filesystem::create_symlink("../outside/f.ini", planted);
+    const bool isAnothers = lchown(planted.c_str(), 54321, 54321) == 0; // for root alone
+    EXPECT_EQ(writeKey("config/planted.ini", "1") != 0, isAnothers);
+    morlan_set_install_path(folder.path("config").c_str());
+    std::filesystem::rename(folder.path("config"), folder.path("moved"));
+    std::filesystem::create_symlink("outside", folder.path("config"));
+    EXPECT_EQ(writeKey("config/f.ini", "2"), 0);
+    EXPECT_EQ(folder.read("moved/f.ini"), "[A]\nk=2\n");
+    EXPECT_EQ(folder.read("outside/f.ini"), isAnothers ? "[B]\n" : "[B]\n[A]\nk=1\n");
 }
 
 TEST_F(Ini, ReadersSeeOldOrNewAndWritersLoseNothing)

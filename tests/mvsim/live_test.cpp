@@ -152,7 +152,8 @@ TEST_F(LiveTest, TwinsAndLosses)
 
 TEST_F(LiveTest, SequenceOutlivesTheProcess)
 {
-    const std::string state = m_folder.path("sequence");
+    fs::create_directory(m_folder.path("kept"));
+    const std::string state = m_folder.path("kept/sequence");
     const std::string disk = "size=2048;device/model=PLAIN;device/serial=";
     put("block/sda", disk + "a");
     // Loads, makes two events, and gives the second.
@@ -165,10 +166,17 @@ TEST_F(LiveTest, SequenceOutlivesTheProcess)
     };
     EXPECT_EQ(comeAndGo(), "1: diskInserted 1") << "there was none to go";
     EXPECT_EQ(comeAndGo(), "3: diskInserted 1");
-    EXPECT_EQ(m_folder.read("sequence"), "3\n");
-    EXPECT_EQ(m_folder.entries(), 2U) << "no temporary file stays";
+    EXPECT_EQ(m_folder.read("kept/sequence"), "3\n");
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_folder.path("kept")), {}), 1) << "no temporary file";
+    loadLive(state.c_str());
+    fs::rename(m_folder.path("kept"), m_folder.path("moved"));
+    fs::create_directory(m_folder.path("kept"));
+    remove("block/sdb");
+    poll();
+    put("block/sdb", disk + "b");
+    EXPECT_TRUE(fs::is_empty(m_folder.path("kept"))) << "a folder that takes over the name gets nothing";
     for (const char* damaged : {"", "x", "12 apples", "-4", "99999999999"}) {
-        m_folder.write("sequence", damaged);
+        m_folder.write("kept/sequence", damaged);
         EXPECT_EQ(comeAndGo(), "2: diskInserted 1") << damaged;
     }
     fs::remove(state);

@@ -23,8 +23,8 @@ std::unique_ptr<ISource> liveSource(const std::string& sysfsRoot, const std::str
 
 std::unique_ptr<ISource> environmentSource()
 {
-    const char* scenario = std::getenv("MVSIM_SCENARIO");
-    const char* live = std::getenv("MVSIM_LIVE");
+    const char* scenario = secure_getenv("MVSIM_SCENARIO");
+    const char* live = secure_getenv("MVSIM_LIVE");
     try {
         if (scenario != nullptr)
             return scenarioSource(scenario);

@@ -1,6 +1,5 @@
 #include "mvsim/live/LiveSource.h"
 
-#include "common/files.h"
 #include "mvsim/live/ArrayJudge.h"
 #include "mvsim/live/ArrayProbe.h"
 #include "mvsim/live/DiskProbe.h"
@@ -37,9 +36,10 @@ std::uint16_t bufferFor(const Adapter& adapter)
 
 } // namespace
 
-LiveSource::LiveSource(const std::string& sysfsRoot, std::string stateFile)
-    : m_root(sysfsRoot), m_stateFile(std::move(stateFile))
+LiveSource::LiveSource(const std::string& sysfsRoot, const std::string& stateFile) : m_root(sysfsRoot)
 {
+    if (!stateFile.empty())
+        m_stateFile.emplace(stateFile);
     if (!m_root.below("block").exists())
         throw std::runtime_error(sysfsRoot + ": /block: expected a folder, found none");
 }
@@ -97,7 +97,7 @@ std::uint32_t LiveSource::startSequence() const
 {
     std::string text;
     std::uint32_t number = 0;
-    if (m_stateFile.empty() || devkit::readFile(m_stateFile, text) != devkit::FileRead::Done)
+    if (!m_stateFile || m_stateFile->read(text) != devkit::FileRead::Done)
         return 0;
     const char* end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
@@ -107,9 +107,9 @@ std::uint32_t LiveSource::startSequence() const
 
 void LiveSource::keepSequence(std::uint32_t last)
 {
-    if (!m_stateFile.empty()) {
+    if (m_stateFile) {
         // The events are more important than their numbers: they go out although these may come again.
-        devkit::replaceFile(m_stateFile, std::to_string(last) + "\n");
+        m_stateFile->replace(std::to_string(last) + "\n");
     }
 }
 

@@ -3,12 +3,14 @@
 #ifndef ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
 #define ZARNEK_DEVKIT_MVSIM_LIVESOURCE_H
 
+#include "common/files.h"
 #include "mvsim/live/NumberBook.h"
 #include "mvsim/live/SeenMachine.h"
 #include "mvsim/live/SysfsFolder.h"
 #include "mvsim/live/TwinBook.h"
 #include "mvsim/model/ISource.h"
 
+#include <optional>
 #include <string>
 
 namespace mvsim
@@ -18,8 +20,10 @@ class LiveSource : public ISource
 {
   public:
     // `sysfsRoot` is /sys or a copy of it. `stateFile` keeps the sequence number over restarts; empty for
-    // none. Throws a std::runtime_error with a one-line text when the root has no block devices to look at.
-    LiveSource(const std::string& sysfsRoot, std::string stateFile);
+    // none; its
+    // folder is there, and held open. Throws a std::runtime_error with a one-line text when the root has no
+    // block devices to look at.
+    LiveSource(const std::string& sysfsRoot, const std::string& stateFile);
 
     std::vector<PlayedAdapter> adapters() override;
     CallRules vendorRules() const override { return {}; }
@@ -33,7 +37,7 @@ class LiveSource : public ISource
     Adapter adapterOf(const SeenMachine& machine) const;
 
     SysfsFolder m_root;
-    std::string m_stateFile;
+    std::optional<devkit::FilePlace> m_stateFile;
     TwinBook m_twins;
     NumberBook m_diskNumbers;
     NumberBook m_arrayNumbers;
