@@ -13,6 +13,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include <sys/stat.h>
+
 namespace stg
 {
 namespace
@@ -64,6 +66,13 @@ void scanLines(std::istream& file, const std::string& wantedSection, Sections se
     }
 }
 
+// To open a pipe would be to wait for its writer, and a device may never end.
+bool canBeOpened(const std::string& path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode);
+}
+
 // Opens the file below the install path and scans it. False without an install path or file.
 bool scanIniFile(const LogScope& scope, const char* noPathMessage, const std::string& filePath,
                  std::string section, Sections sections, const DataLine& onData)
@@ -74,7 +83,10 @@ bool scanIniFile(const LogScope& scope, const char* noPathMessage, const std::st
             scope.message() << noPathMessage << '\n';
         return false;
     }
-    std::ifstream file(installPath + filePath);
+    const std::string path = installPath + filePath;
+    std::ifstream file;
+    if (canBeOpened(path))
+        file.open(path);
     if (!file.is_open()) {
         scope.message() << "Cannot open ini file. File Name: " << filePath << '\n';
         return false;
