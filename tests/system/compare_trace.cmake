@@ -1,11 +1,17 @@
-# cmake -DPROGRAM=... -DARGUMENTS="a;b" [-DPOLLS="n;m"] [-DSHOWN=file] -DGOLDEN=file -DFOLDER=dir [-DUPDATE=ON]
+# cmake -DPROGRAM=... "-DLIBRARIES=plug-in;vendor library" -DARGUMENTS="a;b" [-DPOLLS="n;m"] [-DSHOWN=file] -DGOLDEN=file -DFOLDER=dir [-DUPDATE=ON]
 #   -P compare_trace.cmake
 # Runs the host with --trace over a fresh configuration folder, again for each number of polls, and compares all
 # that it printed with the golden trace. Of the log, lines that stand in the golden trace SHOWN as well and those
 # on single properties are left out. What differs is shown and kept in FOLDER. UPDATE writes the golden trace
-# instead.
+# instead. The libraries are loaded from a folder that nobody else can write: the tree may stand anywhere.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
+execute_process(COMMAND mktemp -d OUTPUT_VARIABLE safe OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+foreach(library ${LIBRARIES})
+  file(COPY ${library} DESTINATION ${safe} FILE_PERMISSIONS OWNER_READ OWNER_WRITE)
+endforeach()
+list(GET LIBRARIES 0 plugin)
+get_filename_component(plugin ${plugin} NAME)
 set(trace "")
 if(NOT POLLS)
   set(POLLS all)
@@ -15,13 +21,16 @@ foreach(polls ${POLLS})
   if(polls STREQUAL "all")
     set(limit "")
   endif()
-  execute_process(COMMAND ${PROGRAM} ${ARGUMENTS} ${limit} --trace --config ${FOLDER}/config
+  execute_process(
+    COMMAND ${PROGRAM} ${ARGUMENTS} ${limit} --trace --config ${safe}/config --plugin ${safe}/${plugin}
     OUTPUT_VARIABLE output RESULT_VARIABLE status ERROR_VARIABLE remarks)
   if(NOT status EQUAL 0)
+    file(REMOVE_RECURSE ${safe})
     message(FATAL_ERROR "the run of ${polls} polls ended with ${status}: ${remarks}")
   endif()
   string(APPEND trace "run of ${polls} polls\n${output}")
 endforeach()
+file(REMOVE_RECURSE ${safe})
 if(SHOWN)
   file(WRITE ${FOLDER}/whole.trace "${trace}")
   execute_process(COMMAND grep ^log ${SHOWN} OUTPUT_FILE ${FOLDER}/shown.trace COMMAND_ERROR_IS_FATAL ANY)

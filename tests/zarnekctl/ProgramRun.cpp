@@ -1,7 +1,10 @@
 #include "zarnekctl/ProgramRun.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -15,9 +18,8 @@ Words joined(Words words, const Words& more)
     return words;
 }
 
-RunningProgram::RunningProgram(const Words& arguments, Words environment)
+RunningProgram::RunningProgram(Words words, Words environment)
 {
-    Words words = joined({ZARNEKCTL_PROGRAM}, arguments);
     std::vector<char*> argv;
     for (std::string& word : words)
         argv.push_back(word.data());
@@ -64,12 +66,25 @@ ProgramResult RunningProgram::finish()
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_folder.read("out"), m_folder.read("err")};
 }
 
+const TempFolder& ProgramState::installation()
+{
+    static const TempFolder prefix;
+    static const std::string command =
+        "cd " ZARNEKCTL_BUILD
+        "; cp -rL --parents bin/zarnekctl lib/libmorlan.so.9 lib/libmvsim.so lib/libpld* share " +
+        prefix.path() + " && chmod -R go-w " + prefix.path();
+    static const int status = std::system(command.c_str());
+    EXPECT_EQ(status, 0);
+    umask(022); // the user's files are like that too
+    return prefix;
+}
+
 RunningProgram ProgramState::start(const Words& arguments, const Words& environment) const
 {
     const Words own{"XDG_STATE_HOME=" + folder.path("state"), "LC_ALL=C",
                     "LSAN_OPTIONS=suppressions=" ZARNEK_SOURCE_DIR
                     "/tests/zarnekctl/leaks_by_design.supp:print_suppressions=0"};
-    return {arguments, joined(own, environment)};
+    return {joined({installation().path("bin/zarnekctl")}, arguments), joined(own, environment)};
 }
 
 void ProgramState::setConfig(const std::string& file, const std::string& content) const

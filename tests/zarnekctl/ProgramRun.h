@@ -25,8 +25,9 @@ struct ProgramResult {
 class RunningProgram
 {
   public:
-    // `environment` is NAME=VALUE; a bare NAME takes the variable away.
-    RunningProgram(const Words& arguments, Words environment);
+    // `words` are the program's file and its arguments, `environment` is NAME=VALUE; a bare NAME takes the
+    // variable away.
+    RunningProgram(Words words, Words environment);
     ~RunningProgram(); // ends it if it still runs
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
@@ -46,6 +47,9 @@ class RunningProgram
 struct ProgramState {
     TempFolder folder;
 
+    ProgramState() { installation(); }
+    // The program with its libraries, where nobody else can write: the tree may stand anywhere.
+    static const TempFolder& installation();
     RunningProgram start(const Words& arguments, const Words& environment = {}) const;
     ProgramResult run(const Words& arguments, const Words& environment = {}) const
     {

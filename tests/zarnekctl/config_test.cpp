@@ -6,10 +6,12 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 using namespace zarnekctl;
 namespace fs = std::filesystem;
 
-TEST(ConfigFolder, copiesOfWriteProtectedFilesAreTheUsersToChange)
+TEST(ConfigFolder, copiesOfWriteProtectedFilesAreTheUsersAloneToChange)
 {
     const TempFolder prefix;
     fs::create_directories(prefix.path("share/zarnek/config"));
@@ -18,9 +20,12 @@ TEST(ConfigFolder, copiesOfWriteProtectedFilesAreTheUsersToChange)
     fs::permissions(prefix.path("share/zarnek/config/MarvelAlertMapping.ini"), fs::perms::owner_read);
 
     const ConfigFolder config(prefix.path("user/state"));
+    const mode_t mask = umask(0);
     config.prepare(Installation(prefix.path("bin/zarnekctl")));
+    umask(mask);
     EXPECT_EQ(prefix.read("user/state/MarvelAlertMapping.ini"), "shipped\n");
-    EXPECT_NE(fs::status(config.mapping()).permissions() & fs::perms::owner_write, fs::perms::none);
+    EXPECT_EQ(fs::status(config.mapping()).permissions(), fs::perms(0644));
+    EXPECT_EQ(fs::status(config.path().parent_path()).permissions(), fs::perms(0755));
 }
 
 TEST(ConfigCheck, findsWhatKeepsARunFromWorking)

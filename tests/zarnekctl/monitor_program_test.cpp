@@ -111,8 +111,8 @@ TEST(Monitor, aReaderThatGoesAwayStopsTheRunWithItsNumberWritten)
 {
     const ProgramState state;
     const std::string command =
-        "XDG_STATE_HOME=" + state.folder.path("state") +
-        " " ZARNEKCTL_PROGRAM " monitor --scenario disk-failure --interval 0.05 --polls 1000000 | head -n 1";
+        "XDG_STATE_HOME=" + state.folder.path("state") + " " + state.installation().path("bin/zarnekctl") +
+        " monitor --scenario disk-failure --interval 0.05 --polls 1000000 | head -n 1";
     ASSERT_EQ(std::system(command.c_str()), 0);
     // Not every shell waits for the program too.
     for (int wait = 0; wait < 1000 && state.mapping().find("SequenceNumber=0") != std::string::npos; ++wait)

@@ -20,7 +20,8 @@ namespace
 
 constexpr const char* EPILOGUE =
     "Exit status: 0 done; 1 the plug-in or the vendor library failed, or the output\n"
-    "could not be written; 2 wrong usage; 3 bad input.";
+    "could not be written; 2 wrong usage; 3 bad input, or as root a library that\n"
+    "others can exchange.";
 constexpr std::size_t HELP_WIDTH = 80;
 constexpr std::size_t HELP_NAME_WIDTH = 22;
 

@@ -34,7 +34,7 @@ const OptionRow OPTIONS[] = {
      "show every call and every debug line in order, instead of the result"},
     {"--config", "DIR", true, true, true, &Options::config, nullptr, nullptr,
      "folder of private.ini and MarvelAlertMapping.ini, instead of the user's own"},
-    {"--plugin", "FILE", true, true, false, &Options::plugin, nullptr, nullptr,
+    {"--plugin", "FILE", true, true, true, &Options::plugin, nullptr, nullptr,
      "the plug-in to load instead of the one beside this program"},
 };
 

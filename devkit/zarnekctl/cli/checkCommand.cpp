@@ -13,8 +13,8 @@ ExitStatus checkCommand(const Options& options, const Installation& installation
     const ConfigFolder config(options.config);
     if (!options.config)
         config.prepare(installation);
-    const ConfigCheck check(config,
-                            VendorLibrary::probeIn(installation.plugin(options.plugin).parent_path()));
+    const auto plugin = installation.plugin(options.plugin);
+    const ConfigCheck check(config, plugin, VendorLibrary::probeIn(plugin.parent_path()));
     const auto lines = check.lines();
     for (const std::string& line : lines)
         std::cout << line << '\n';

@@ -36,8 +36,11 @@ ExitStatus discoverCommand(const Options& options, const Installation& installat
 {
     const ConfigFolder config(options.config);
     config.prepare(installation);
-    ConfigCheck(config, VendorLibrary::probeIn(installation.plugin(options.plugin).parent_path()))
-        .refuse(Effect::NoDiscovery);
+    const auto plugin = installation.plugin(options.plugin);
+    const ConfigCheck check(config, plugin, VendorLibrary::probeIn(plugin.parent_path()));
+    check.refuse(Effect::NoDiscovery);
+    for (const std::string& line : check.roadLines())
+        std::cerr << "zarnekctl: " << line << '\n';
 
     EngineHost host(options, installation, config, "large-server");
     host.initialise();

@@ -32,10 +32,10 @@ ExitStatus monitorCommand(const Options& options, const Installation& installati
     prepareLastWords();
     const ConfigFolder config(options.config);
     config.prepare(installation);
-    const ConfigCheck check(config,
-                            VendorLibrary::probeIn(installation.plugin(options.plugin).parent_path()));
+    const auto plugin = installation.plugin(options.plugin);
+    const ConfigCheck check(config, plugin, VendorLibrary::probeIn(plugin.parent_path()));
     check.refuse(Effect::NoMonitoring);
-    for (const std::string& line : check.lines(Effect::Repetition))
+    for (const std::string& line : check.lines(Effect::Exposure))
         std::cerr << "zarnekctl: " << line << '\n';
 
     EngineHost host(options, installation, config, "disk-failure");

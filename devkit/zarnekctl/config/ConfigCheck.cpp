@@ -3,6 +3,7 @@
 #include "common/files.h"
 #include "common/text.h"
 #include "zarnekctl/config/Failure.h"
+#include "zarnekctl/config/LibrarySearch.h"
 #include "zarnekctl/config/MappingCheck.h"
 
 #include <algorithm>
@@ -32,12 +33,33 @@ Findings checkMappingFile(const std::filesystem::path& path)
     return findings;
 }
 
+LoadRoad roadOf(const ConfigFolder& config, const std::filesystem::path& plugin)
+{
+    LoadRoad road;
+    if (plugin.empty())
+        return road;
+    for (const std::filesystem::path& file : {config.privateIni(), config.mapping(), plugin})
+        road.add(file);
+    const std::string name = vendorLibraryName(config.privateIni());
+    if (!name.empty())
+        for (const std::filesystem::path& file : libraryPlaces(name, plugin.parent_path()))
+            road.add(file);
+    return road;
+}
+
 } // namespace
 
-ConfigCheck::ConfigCheck(const ConfigFolder& config, const LibraryProbe& probe)
-    : m_files{{config.privateIni().string(), checkPrivateIni(config.privateIni(), probe)},
+ConfigCheck::ConfigCheck(const ConfigFolder& config, const std::filesystem::path& plugin,
+                         const LibraryProbe& probe)
+    : m_road(roadOf(config, plugin)),
+      // To open a library is to run it.
+      m_files{{config.privateIni().string(),
+               checkPrivateIni(config.privateIni(),
+                               m_road.worst() < Effect::NoMonitoring ? probe : LibraryProbe())},
               {config.mapping().string(), checkMappingFile(config.mapping())}}
 {
+    for (const auto& [path, finding] : m_road.items())
+        m_files.push_back({path, {finding}});
 }
 
 std::vector<std::string> ConfigCheck::lines(Effect atLeast) const
@@ -48,6 +70,14 @@ std::vector<std::string> ConfigCheck::lines(Effect atLeast) const
             if (finding.effect >= atLeast)
                 lines.push_back(finding.text(file.path));
     }
+    return lines;
+}
+
+std::vector<std::string> ConfigCheck::roadLines() const
+{
+    std::vector<std::string> lines;
+    for (const auto& [path, finding] : m_road.items())
+        lines.push_back(finding.text(path));
     return lines;
 }
 

@@ -9,7 +9,7 @@ enum class ExitStatus {
     Done = 0,
     PluginFailed = 1, // the plug-in or the vendor library failed, or output was lost
     WrongUsage = 2,   // the command line
-    BadInput = 3      // scenario, configuration or a library file
+    BadInput = 3      // scenario, configuration or a library file, what others can write included
 };
 
 constexpr int exitCode(ExitStatus status)

@@ -10,8 +10,8 @@ namespace zarnekctl
 std::string Finding::text(const std::string& file) const
 {
     const char* severity = effect < Effect::NoMonitoring ? "warning" : "error";
-    return file + ":" + std::to_string(line) + ": " + severity + ": " + devkit::escaped(what) + "; " +
-           devkit::escaped(remedy);
+    return file + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + severity + ": " +
+           devkit::escaped(what) + "; " + devkit::escaped(remedy);
 }
 
 std::string inBrackets(const std::string& section)

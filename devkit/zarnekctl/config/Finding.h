@@ -12,18 +12,19 @@ namespace zarnekctl
 // What becomes of a run with it.
 enum class Effect {
     Surprise,     // it works, but not as the line seems to say
+    Exposure,     // others than who runs it have a say in what is loaded
     Repetition,   // the next run tells the same alerts again
     NoMonitoring, // no alert would arrive, or the event thread would end the process
     NoDiscovery   // not even discovery would work
 };
 
 struct Finding {
-    std::size_t line = 1; // from 1
+    std::size_t line = 1; // from 1; 0 for the file as a whole
     Effect effect = Effect::Surprise;
     std::string what;
     std::string remedy;
 
-    // `file:line: error|warning: what; remedy`
+    // `file:line: error|warning: what; remedy`, without the line where there is none
     std::string text(const std::string& file) const;
 };
 

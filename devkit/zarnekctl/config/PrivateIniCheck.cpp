@@ -108,6 +108,10 @@ void checkLibrary(const VendorEntry& vendor, std::size_t line, const LibraryProb
         refuse("the vendor library's name has " + std::to_string(name.size()) + " characters and is cut to " +
                    limit,
                "use a name of at most " + limit + " characters");
+    else if (name.find('/') != std::string::npos && name.front() != '/')
+        refuse("the vendor library's name has a slash, so that the plug-in looks for it from the folder in "
+               "which it is started",
+               "name the file alone, or its path from the root");
     else if (endsInSuffix(name))
         refuse("the vendor library's name ends in " + suffix + ", which is added once more",
                "leave the " + suffix + " away");
@@ -122,6 +126,13 @@ VendorEntry::VendorEntry(const IniText& privateIni)
       nameKey(INI_VENDOR_LIBRARY_KEY_PREFIX + id.value_or(VENDOR_ID)),
       name(privateIni.value(INI_VENDOR_LIBRARY_SECTION, nameKey))
 {
+}
+
+std::string vendorLibraryName(const std::filesystem::path& privateIni)
+{
+    std::string content;
+    devkit::readFile(privateIni.string(), content);
+    return VendorEntry(IniText(content)).name.value_or("");
 }
 
 Findings checkPrivateIni(const std::filesystem::path& file, const LibraryProbe& probe)

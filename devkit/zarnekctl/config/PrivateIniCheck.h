@@ -29,6 +29,9 @@ struct VendorEntry {
     explicit VendorEntry(const devkit::IniText& privateIni);
 };
 
+// Its name in this file; empty when there is none.
+std::string vendorLibraryName(const std::filesystem::path& privateIni);
+
 } // namespace zarnekctl
 
 #endif

@@ -1,7 +1,6 @@
 #include "zarnekctl/host/EngineHost.h"
 
 #include "common/Utf8.h"
-#include "common/files.h"
 #include "common/text.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
@@ -51,14 +50,6 @@ class ThreadHold
     ThreadHold(const ThreadHold&) = delete;
     ThreadHold& operator=(const ThreadHold&) = delete;
 };
-
-// Empty when there is none.
-std::string vendorLibraryName(const fs::path& privateIni)
-{
-    std::string content;
-    devkit::readFile(privateIni.string(), content);
-    return VendorEntry(devkit::IniText(content)).name.value_or("");
-}
 
 // The file itself, otherwise a shipped scenario of that name. Throws Failure (BadInput) when there is
 // neither.

@@ -1,6 +1,7 @@
 #include "zarnekctl/host/VendorLibrary.h"
 
 #include "zarnekctl/config/Failure.h"
+#include "zarnekctl/config/LibrarySearch.h"
 #include <zarnek_ini.h>
 
 #include <array>
@@ -24,10 +25,10 @@ bool resolve(void* library, const char* symbol, Function& function)
 
 VendorLibrary::VendorLibrary(const std::string& name, const std::filesystem::path& folder) : m_name(name)
 {
-    const std::string file = name + INI_LIBRARY_SUFFIX;
     std::error_code error;
-    const std::filesystem::path beside = folder / file;
-    const std::string path = std::filesystem::exists(beside, error) ? beside.string() : file;
+    const std::filesystem::path beside = libraryBeside(name, folder);
+    const std::string path =
+        std::filesystem::exists(beside, error) ? beside.string() : name + INI_LIBRARY_SUFFIX;
     void* library = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
     if (library == nullptr) {
         const char* reason = dlerror();

@@ -105,7 +105,7 @@ void MonitorRun::tellEnd()
     if (summary.lastSequence > m_initialSequence && summary.sequence != summary.lastSequence)
         std::cerr << "zarnekctl: " << m_config.mapping().string() << ": the sequence number "
                   << summary.lastSequence << " could not be written, so that the next run tells the same "
-                  << "alerts again; make file and folder writable\n";
+                  << "alerts again; make file and folder writable, and leave them in their place\n";
 }
 
 } // namespace zarnekctl
