@@ -1,165 +1,213 @@
 // Every attribute of the five classes, against attributes.txt.
 #include "common/PluginTest.h"
-#include "events/CAlert.h"
+#include "events/CMarvelAlert.h"
+#include "model/AttributeHelper.h"
+#include "model/CMarvelPhysicalDevice.h"
+#include "model/CMarvelVirtualDevice.h"
 #include "model/CMarvellController.h"
-#include "model/CPhysicalDevice.h"
-#include "model/CVirtualDevice.h"
+#include "mvlayer/Binders.h"
 
-#include <fstream>
-#include <list>
-#include <sstream>
-
-using testing::ElementsAre, testing::Key, testing::Pair;
+using testing::ElementsAre, testing::Key, testing::Pair, testing::PrintToString;
 
 namespace
 {
 
+// Operations take a number for a value, and give values as they are printed.
+template <class Object>
 struct Attribute {
-    std::string name, typeWord, propertyId, unset;
+    std::string name, typeWord;
+    unsigned int propertyId;
+    std::string unset;
+    std::string (*set)(Object& object, unsigned int number);
+    std::string (*get)(Object& object);
+    void (*writeField)(void* field, unsigned int number);
+    std::string (*readField)(const void* field);
 
-    bool hasField() const { return typeWord != "CONTROL_NOTIFY_TYPE"; }
+    bool listed() const { return typeWord != "NONE"; }
 };
 
-std::vector<Attribute> attributesOf(const std::string& wantedClass)
+template <class Value>
+Value valueOf(unsigned int number)
 {
-    std::vector<Attribute> rows;
-    std::ifstream table(ZARNEK_SOURCE_DIR "/tests/model/attributes.txt");
-    for (std::string line, className; std::getline(table, line);) {
-        Attribute row;
-        std::istringstream words(line);
-        if (words >> className >> row.name >> row.typeWord >> row.propertyId >> row.unset &&
-            className == wantedClass)
-            rows.push_back(row);
-    }
-    return rows;
-}
-
-template <class Field, class Visitor>
-auto visitAs(void* field, Visitor visit)
-{
-    return visit(*static_cast<Field*>(field));
-}
-
-// Calls the visitor with an attribute's field, whose type follows from the type word.
-template <class Visitor>
-auto visitField(const std::string& typeWord, void* field, Visitor visit)
-{
-    return typeWord == "STDSTR"            ? visitAs<std::string>(field, visit)
-           : typeWord == "NEXUS_TYPE"      ? visitAs<std::vector<unsigned int>>(field, visit)
-           : typeWord == "VD_MEMBER_TYPE"  ? visitAs<std::list<unsigned int>>(field, visit)
-           : typeWord == "BOOL_TYPE"       ? visitAs<bool>(field, visit)
-           : typeWord == "USHORT_INT"      ? visitAs<unsigned short>(field, visit)
-           : typeWord == "ULONG_ULONG_INT" ? visitAs<unsigned long long>(field, visit)
-                                           : visitAs<unsigned int>(field, visit);
-}
-
-std::string valueOf(const Attribute& row, const stg::AttribValMap& values)
-{
-    return visitField(row.typeWord, values.at(row.name), [](const auto& field) -> std::string {
-        if constexpr (std::is_arithmetic_v<std::decay_t<decltype(field)>>)
-            return std::to_string(field);
-        else
-            return field.empty() ? "empty" : testing::PrintToString(field);
-    });
-}
-
-// Sets a field to a value of this number.
-void set(const Attribute& row, const stg::AttribValMap& values, unsigned int number)
-{
-    visitField(row.typeWord, values.at(row.name), [number](auto& field) {
-        using Field = std::decay_t<decltype(field)>;
-        if constexpr (std::is_same_v<Field, std::string>)
-            field = std::to_string(number);
-        else if constexpr (std::is_arithmetic_v<Field>)
-            field = static_cast<Field>(number);
-        else
-            field = {number};
-    });
-}
-
-void expectSameValues(const std::vector<Attribute>& rows, const stg::AttribValMap& wanted,
-                      const stg::AttribValMap& found)
-{
-    ASSERT_EQ(found.size(), wanted.size());
-    for (const Attribute& row : rows) {
-        if (!row.hasField())
-            continue;
-        ASSERT_EQ(found.count(row.name), 1U) << row.name;
-        EXPECT_EQ(valueOf(row, found), valueOf(row, wanted)) << row.name;
-        EXPECT_NE(found.at(row.name), wanted.at(row.name)) << row.name << ": an object has its own field";
-    }
+    if constexpr (std::is_same_v<Value, std::string>)
+        return std::to_string(number);
+    else if constexpr (std::is_arithmetic_v<Value>)
+        return static_cast<Value>(number);
+    else
+        return {number};
 }
 
 template <class Object>
-void checkAttributes(const std::string& className, const stg::AttribTypeMap& table,
-                     stg::AttribValMap& (*valuesOf)(Object&))
+std::vector<Attribute<Object>> attributes;
+
+template <class Object, auto Setter, auto Getter>
+void add(const char* name, const char* typeWord, unsigned int propertyId, const char* unset)
 {
-    SCOPED_TRACE(className);
-    const std::vector<Attribute> rows = attributesOf(className);
-    const Object untouched;
-    Object object(untouched); // a copy has an entry for each attribute, set or not
-    stg::AttribValMap& values = valuesOf(object);
-    ASSERT_EQ(table.size(), rows.size());
-    unsigned int number = 0;
-    for (const Attribute& row : rows) {
-        ASSERT_EQ(table.count(row.name), 1U) << row.name;
-        EXPECT_EQ(table.at(row.name).m_AttribType, row.typeWord) << row.name;
-        EXPECT_EQ(std::to_string(table.at(row.name).m_PropertyID), row.propertyId) << row.name;
-        ASSERT_EQ(values.count(row.name) == 1, row.hasField()) << row.name;
-        if (row.hasField()) {
-            EXPECT_EQ(valueOf(row, values), row.unset) << row.name;
-            set(row, values, ++number);
+    using Value = std::decay_t<decltype((std::declval<Object&>().*Getter)())>;
+    attributes<Object>.push_back(
+        {name, typeWord, propertyId, unset,
+         [](Object& object, unsigned int number) {
+             const auto value = valueOf<Value>(number);
+             (object.*Setter)(value);
+             return PrintToString(value);
+         },
+         [](Object& object) { return PrintToString((object.*Getter)()); },
+         [](void* field, unsigned int number) { *static_cast<Value*>(field) = valueOf<Value>(number); },
+         [](const void* field) { return PrintToString(*static_cast<const Value*>(field)); }});
+}
+
+template <class Object>
+stg::AttribValMap& valuesOf(Object& object)
+{
+    if constexpr (std::is_base_of_v<CPhysicalDevice, Object>)
+        return *object.getPdAttribValueMap();
+    else
+        return *object.getAttribValueMap();
+}
+
+template <class Object>
+void update(Object& object, const std::string& name, void* value)
+{
+    if constexpr (std::is_base_of_v<CPhysicalDevice, Object>)
+        object.updatePdAttribValMap(name, value);
+    else
+        object.updateAttribValMap(name, value);
+}
+
+template <class Object, class Base>
+class Check
+{
+  public:
+    explicit Check(const stg::AttribTypeMap& types)
+    {
+        SCOPED_TRACE(typeid(Object).name());
+        std::size_t listed = 0;
+        for (const Attribute<Base>& row : attributes<Base>)
+            if (setAndGet(row), row.listed()) {
+                ++listed;
+                EXPECT_EQ(types.at(row.name).m_AttribType, row.typeWord) << row.name;
+                EXPECT_EQ(types.at(row.name).m_PropertyID, row.propertyId) << row.name;
+            }
+        EXPECT_EQ(types.size(), listed + types.count("m_ControlNotify"));
+        const Object bare;
+        Object entered(bare), copied(m_object), assigned;
+        EXPECT_EQ(valuesOf(entered).size(), listed) << "those that are not set are entered too";
+        expectLike(copied, false);
+        assigned = m_object;
+        expectLike(assigned, false);
+        if constexpr (std::is_assignable_v<Object&, stg::AttribValMap&>)
+            assignAndClear(copied);
+        const std::string first = attributes<Base>.front().name;
+        update(entered, "null", nullptr);
+        update(entered, first, this);
+        EXPECT_EQ(valuesOf(entered).at(first), this);
+        for (const std::string& name : {first, std::string("null"), std::string("absent")})
+            entered.deleteFromMap({name, this});
+        EXPECT_EQ(valuesOf(entered).count(first), 0U);
+        EXPECT_EQ(valuesOf(entered).size(), listed) << "an entry without a value stays";
+    }
+
+  private:
+    void setAndGet(const Attribute<Base>& row)
+    {
+        EXPECT_EQ(row.get(m_object), row.unset) << row.name;
+        row.set(m_object, 0);
+        void* const field = valuesOf(m_object).at(row.name);
+        row.writeField(field, 0); // a setter of a list writes over elements that are there
+        const std::string value = row.set(m_object, ++m_number);
+        EXPECT_EQ(row.get(m_object), value) << row.name;
+        EXPECT_EQ(row.readField(field), value) << row.name;
+        EXPECT_EQ(valuesOf(m_object).size(), m_number) << row.name;
+    }
+    void expectLike(Object& object, bool unlistedToo)
+    {
+        for (const Attribute<Base>& row : attributes<Base>) {
+            const bool has = row.listed() || unlistedToo;
+            EXPECT_EQ(row.get(object), has ? row.get(m_object) : row.unset) << row.name;
+            ASSERT_EQ(valuesOf(object).count(row.name), has ? 1U : 0U) << row.name;
+            EXPECT_TRUE(!has || valuesOf(object).at(row.name) != valuesOf(m_object).at(row.name))
+                << row.name << ": an object has its own field";
         }
     }
-    Object copy(object);
-    expectSameValues(rows, values, valuesOf(copy));
-    if constexpr (std::is_assignable_v<Object&, stg::AttribValMap&>) {
-        Object assigned(object);
-        stg::AttribValMap& assignedValues = valuesOf(assigned);
-        for (const Attribute& row : rows)
-            set(row, assignedValues, 0);
-        assignedValues = {}; // so that the setters have to enter them
-        assigned = values;
-        expectSameValues(rows, values, assignedValues);
+    void assignAndClear(Object& object)
+    {
+        for (const Attribute<Base>& row : attributes<Base>)
+            if (row.listed())
+                row.writeField(object.retrieveValFromMap(row.name), 0);
+        object.clearMap();
+        EXPECT_EQ(object.retrieveValFromMap(attributes<Base>.front().name), nullptr);
+        EXPECT_EQ(valuesOf(object).size(), 0U);
+        object = valuesOf(m_object);
+        if constexpr (std::is_same_v<Object, IController>)
+            EXPECT_EQ(valuesOf(object).size(), 0U) << "a vendor's controller does it";
+        else
+            expectLike(object, true);
+        Object helped;
+        stg::AttributeHelper<Base> helper(helped);
+        helper = stg::AttributeHelper<Base>(m_object);
+        expectLike(helped, false);
     }
+
+    Object m_object;
+    unsigned int m_number = 0;
+};
+
+// What no records set: so many attributes without a binder, so many with an empty one.
+template <class Object, class Binder>
+void expectConstants(std::size_t ofNone, std::size_t ofEmpty)
+{
+    Object object;
+    Binder binder;
+    object = static_cast<void*>(nullptr);
+    EXPECT_EQ(valuesOf(object).size(), ofNone);
+    object = static_cast<void*>(&binder);
+    EXPECT_EQ(valuesOf(object).size(), ofEmpty);
 }
 
 using AttributeTest = PluginTest;
 
-TEST_F(AttributeTest, TablesCopiesAndAssignmentsHaveThemAll)
+TEST_F(AttributeTest, TablesSettersCopiesAndAssignmentsHaveThemAll)
 {
-    const auto valuesOf = [](auto& object) -> stg::AttribValMap& { return *object.getAttribValueMap(); };
-    checkAttributes<CMarvellController>("IController", IController::getAttribNameAndType(), valuesOf);
-    checkAttributes<CPhysicalDevice>(
-        "CPhysicalDevice", CPhysicalDevice::getPdAttribNameAndType(),
-        [](CPhysicalDevice& disk) -> stg::AttribValMap& { return *disk.getPdAttribValueMap(); });
-    checkAttributes<CVirtualDevice>("CVirtualDevice", CVirtualDevice::getAttribNameAndType(), valuesOf);
-    checkAttributes<CAlert>("CAlert", CAlert::getAttribNameAndType(), valuesOf);
-    checkAttributes<CControl_Notify>("CControl_Notify", CControl_Notify::getAttribNameAndType(), valuesOf);
+#define ATTRIBUTE(object, name, setter, getter, typeWord, propertyId, unset)                                 \
+    add<object, &object::setter, &object::getter>(#name, #typeWord, propertyId, #unset);
+#include "model/attributes.txt"
+#undef ATTRIBUTE
+    const stg::AttribTypeMap& controllers = IController::getAttribNameAndType();
+    Check<IController, IController>{controllers};
+    Check<CMarvellController, IController>{controllers};
+    Check<CPhysicalDevice, CPhysicalDevice>{CPhysicalDevice::getPdAttribNameAndType()};
+    Check<CMarvelPhysicalDevice, CPhysicalDevice>{CPhysicalDevice::getPdAttribNameAndType()};
+    Check<CVirtualDevice, CVirtualDevice>{CVirtualDevice::getAttribNameAndType()};
+    Check<CMarvelVirtualDevice, CVirtualDevice>{CVirtualDevice::getAttribNameAndType()};
+    Check<CAlert, CAlert>{CAlert::getAttribNameAndType()};
+    Check<CControl_Notify, CControl_Notify>{CControl_Notify::getAttribNameAndType()};
+    const stg::SAttribTypeProp_t& notify = CAlert::getAttribNameAndType().at("m_ControlNotify");
+    EXPECT_EQ(notify.m_AttribType + std::to_string(notify.m_PropertyID), "CONTROL_NOTIFY_TYPE24678");
 }
 
-TEST_F(AttributeTest, EntriesStayUntilTheyAreRemoved)
+TEST_F(AttributeTest, RecordsThatAreNotThereSetConstantsAlone)
+{
+    expectConstants<IController, stg::QLVCntrlBinder_t>(0, 0);
+    expectConstants<CPhysicalDevice, stg::QLVPDBinder_t>(0, 0);
+    expectConstants<CVirtualDevice, stg::QLVVDBinder_t>(0, 0);
+    expectConstants<CAlert, stg::QLVEventBinder_t>(0, 0);
+    expectConstants<CMarvellController, stg::QLVCntrlBinder_t>(1, 10);
+    expectConstants<CMarvelPhysicalDevice, stg::QLVPDBinder_t>(1, 6);
+    expectConstants<CMarvelVirtualDevice, stg::QLVVDBinder_t>(1, 6);
+    expectConstants<CMarvelAlert, stg::QLVEventBinder_t>(0, 1);
+    EXPECT_EQ(IController().getCntrlSpecificAttrib()->size(), 0U);
+}
+
+TEST_F(AttributeTest, TheFirstEntryStays)
 {
     int one = 1, two = 2;
     IController controller;
-    for (int* const value : {&one, &two}) {
-        for (const char* const name : {"b", "Z"}) {
-            controller.insertIntoAttribValMap(name, value); // the first stays
-        }
-    }
-    controller.updateAttribValMap("b", &two);
-    controller.updateAttribValMap("null", nullptr);
-    controller.deleteFromMap("null");
-    EXPECT_THAT(*controller.getAttribValueMap(),
-                ElementsAre(Pair("Z", &one), Pair("b", &two), Pair("null", nullptr)));
-    IController::setKeyValPair("m_DevID", "STDSTR", 8); // of a table too the first row stays
+    for (int* const value : {&one, &two})
+        for (const char* const name : {"b", "Z"})
+            controller.insertIntoAttribValMap(name, value);
+    EXPECT_THAT(*controller.getAttribValueMap(), ElementsAre(Pair("Z", &one), Pair("b", &one)));
+    IController::setKeyValPair("m_DevID", "STDSTR", 8);
     EXPECT_EQ(IController::getAttribNameAndType()["m_DevID"].m_AttribType, "UNSIGNED_INTEGER");
-    controller.updateAttribValMap("null", &one);
-    controller.clearMap();
-    CPhysicalDevice disk;
-    disk.setSlotNum(3);
-    disk.clearMap();
-    EXPECT_EQ(controller.getAttribValueMap()->size() + disk.getPdAttribValueMap()->size(), 0U);
 }
 
 } // namespace

@@ -1,8 +1,10 @@
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "model/CMarvelPhysicalDevice.h"
 #include "model/Filled.h"
 #include "support/Status.h"
 
+#include <array>
 #include <cstring>
 
 namespace
@@ -21,49 +23,34 @@ struct Disk : Filled<CMarvelPhysicalDevice, stg::QLVPDBinder_t> {
 
 TEST_F(DiskTest, DecodesItsCodes)
 {
-    struct Case {
-        std::uint8_t linkFlags, mediaFlags, linkSpeed;
-        std::uint32_t featureFlags;
-        unsigned int protocol, media, capableSpeed, speed, writeCache, encryption;
-    };
     Disk reused;
-    for (const Case& c : {Case{0, 0xFE, 0, 0xFFFFFA63, UNSET, UNSET, 0, 0, UNSET, UNSET},
-                          {0xFA, 0, 1, 0x004, UNSET, UNSET, 1536, 1536, UNSET, UNSET},
-                          {0x04, 0x03, 2, 0x10C, 8, 2, 3072, 3072, UNSET, 1},
-                          {0x05, 0, 3, 0x09C, 7, UNSET, 6144, 6144, 1, UNSET},
-                          {0x01, 0x01, 4, 0x480, 7, 2, 12288, 12288, UNSET, UNSET},
-                          {0, 0, 5, 0x80000800, UNSET, UNSET, 0, 0, UNSET, UNSET}}) {
+    for (const auto& row : dataRows("tests/model/disk-codes.json")) {
         Disk fresh;
         for (Disk* const disk : {&fresh, &reused}) {
-            disk->info.LinkFlags = c.linkFlags;
-            disk->info.FeatureFlags = c.featureFlags;
-            disk->info.MediaFlags = c.mediaFlags;
-            disk->config.LinkSpeed = c.linkSpeed;
+            disk->info.LinkFlags = row.at("linkFlags");
+            disk->info.FeatureFlags = row.at("featureFlags");
+            disk->info.MediaFlags = row.at("mediaFlags");
+            disk->config.LinkSpeed = row.at("linkSpeed");
             disk->fill();
-            EXPECT_EQ(disk->getCapableSpeed(), c.capableSpeed);
-            EXPECT_EQ(disk->getNegotiatedSpeed(), c.speed);
+            EXPECT_EQ(disk->getCapableSpeed(), row.at("speed"));
+            EXPECT_EQ(disk->getNegotiatedSpeed(), row.at("speed"));
         }
-        EXPECT_EQ(fresh.getBusProtocol(), c.protocol);
-        EXPECT_EQ(fresh.getMedia(), c.media);
-        EXPECT_EQ(fresh.getWriteCacheSupport(), c.writeCache);
-        EXPECT_EQ(fresh.getEncryptionCap(), c.encryption);
+        EXPECT_EQ(fresh.getBusProtocol(), row.value("protocol", UNSET));
+        EXPECT_EQ(fresh.getMedia(), row.value("media", UNSET));
+        EXPECT_EQ(fresh.getWriteCacheSupport(), row.value("writeCache", UNSET));
+        EXPECT_EQ(fresh.getEncryptionCap(), row.value("encryption", UNSET));
     }
     // Flags that went away leave what they set.
     EXPECT_EQ(reused.getBusProtocol(), 7U);
     EXPECT_EQ(reused.getMedia(), 2U);
     EXPECT_EQ(reused.getWriteCacheSupport() + reused.getEncryptionCap(), 2U);
 
-    struct Meaning {
-        unsigned int flags, state, status;
-    };
-    for (const Meaning& m :
-         {Meaning{0xFF, 8, 4}, Meaning{0x09, 8, 4}, Meaning{0xF7, 1, 2}, Meaning{0x21, 1, 2},
-          Meaning{0xF6, 0, 1}, Meaning{0x22, 0, 1}, Meaning{0xD6, 4, 2}, Meaning{0x06, 4, 2},
-          Meaning{0xD4, 0, 1}, Meaning{0x10, 0, 1}, Meaning{0xC0, 0, 1}, Meaning{0x00, 0, 1}}) {
-        reused.helper.hdRaidStatus = m.flags;
+    // RAID status flags, and the state and status that they mean.
+    using Meaning = std::array<unsigned int, 3>;
+    for (const Meaning m : dataRows("tests/model/disk-states.json")) {
+        reused.helper.hdRaidStatus = m[0];
         reused.fill();
-        EXPECT_EQ(reused.getState(), m.state) << m.flags;
-        EXPECT_EQ(reused.getStatus(), m.status) << m.flags;
+        EXPECT_EQ((Meaning{m[0], reused.getState(), reused.getStatus()}), m);
     }
 }
 

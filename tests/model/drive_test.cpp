@@ -1,3 +1,4 @@
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "model/CMarvelVirtualDevice.h"
 #include "model/Filled.h"
@@ -19,13 +20,10 @@ struct Drive : Filled<CMarvelVirtualDevice, stg::QLVVDBinder_t> {
 
 TEST_F(DriveTest, DecodesEveryCode)
 {
-    std::map<unsigned int, unsigned int> levels{{0x00, 2},      {0x01, 4},     {0x05, 64},     {0x06, 128},
-                                                {0x0F, 16384},  {0x10, 512},   {0x11, 524288}, {0x50, 2048},
-                                                {0x60, 262144}, {0x66, 16384}, {0xFF, 16384}};
     using Meaning = std::pair<unsigned int, unsigned int>; // state and status
-    std::map<unsigned int, Meaning> meanings{{0, {1, 2}}, {1, {32, 3}},       {3, {1048576, 4}},
-                                             {4, {8, 4}}, {5, {0, 3}},        {6, {0, 3}},
-                                             {7, {0, 3}}, {10, {8388608, 2}}, {15, {268435456, 2}}};
+    const auto tables = dataRows("tests/model/drive-codes.json");
+    auto levels = tables.at(0).get<std::map<unsigned int, unsigned int>>();
+    auto meanings = tables.at(1).get<std::map<unsigned int, Meaning>>();
     for (const unsigned int code : {2U, 8U, 9U, 11U, 12U, 13U, 14U, 255U})
         meanings[code] = {0, 1};
     for (unsigned int code = 0; code < 256; ++code) {
