@@ -1,6 +1,8 @@
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "common/SdoObject.h"
 #include "discovery/CMarvelSubSystemMgr.h"
+#include "discovery/CSubSystemFactory.h"
 #include "discovery/CVDDiscovery.h"
 #include "entry/CCommandHandler.h"
 #include "events/CMarvelEventManager.h"
@@ -8,9 +10,7 @@
 #include "ral/ral_inspect.h"
 #include "sdo/SDOProxy.h"
 
-#include <tuple>
-
-using testing::ElementsAre, testing::ElementsAreArray, testing::Key;
+using testing::Contains, testing::ElementsAre, testing::ElementsAreArray, testing::Key;
 
 namespace
 {
@@ -107,22 +107,14 @@ TEST_F(PlannedTest, FullDiscoveryNumbersAllAndPollsThoseThatAnswer)
 
 TEST_F(PlannedTest, RediscoveryTellsFailureAndLeavesCountersAndEventsAlone)
 {
-    struct Case {
-        std::string failing;
-        unsigned int status;
-        std::size_t calls;
-        Lines said;
-    };
     const Lines all{"controller 40 2", "disks 40 2", "drives 40 2"};
-    for (const Case& c :
-         {Case{"", 0, 3, {m_found}}, Case{"controller 40 2", 1, 1, {}},
-          Case{"disks 40 2", 1, 3, {m_found, m_noDisks}}, Case{"drives 40 2", 1, 3, {m_found, m_noDrives}}}) {
+    for (const auto& row : dataRows("tests/discovery/rediscovery.json")) {
         CCommandHandler::accessMap().clear();
         clear();
-        m_plan = {{{c.failing, 2}}, {}};
-        EXPECT_EQ(m_manager.discover(40, 2), c.status);
-        EXPECT_THAT(m_plan.calls, ElementsAreArray(all.begin(), all.begin() + static_cast<int>(c.calls)));
-        EXPECT_EQ(said(), c.said);
+        m_plan = {{{row.at("failing"), 2}}, {}};
+        EXPECT_EQ(m_manager.discover(40, 2), row.at("status")) << row;
+        EXPECT_THAT(m_plan.calls, ElementsAreArray(all.begin(), all.begin() + row.at("calls").get<int>()));
+        EXPECT_EQ(said(), row.at("said").get<Lines>()) << row;
         EXPECT_THAT(CCommandHandler::accessMap(), ElementsAre(Key(40)));
     }
     EXPECT_EQ(CCommandHandler::m_gQelvoGlobalCntrlNumber + CCommandHandler::m_gQelvoTotalCntrlNumber, 0U);
@@ -136,46 +128,47 @@ TEST_F(PlannedTest, RediscoveryTellsFailureAndLeavesCountersAndEventsAlone)
 
     CVDDiscovery command(&m_manager, &ISubSystemManager::discoverVD);
     command.setArguments(4, 5, 6);
-    EXPECT_EQ(command.execute(), 0U);
+    EXPECT_EQ(command.execute() + command.ICommand::execute(), 0U);
+    EXPECT_EQ(m_plan.calls.back(), "drive 4 5 6");
+    // What no vendor has done so far.
+    ISubSystemManager& base = m_manager;
+    EXPECT_EQ(base.discoverController(1) + base.discoverAllChannels(1) + base.discoverChannel(1, 2) +
+                  base.discoverAllEnclosures(1) + base.discoverEnclosure(1, 2) +
+                  base.discoverBatteryInfo(1, this),
+              0U);
+    EXPECT_EQ(base.getAllPhysicalDeviceIDs(1).size() + base.getAllPhysicalDevices(1).size() +
+                  base.getAllVirtualDeviceIDs(1).size() + base.getAllVirtualDevices(1).size(),
+              0U);
     EXPECT_EQ(m_plan.calls.back(), "drive 4 5 6");
 }
 
 // ---- with all that is real: the Marvell manager, its layer over the simulator, and the data engine
 
-// An object in the data engine, and what a virtual disk has from a disk.
-struct Stored {
-    unsigned int type = NO_NUMBER;
-    unsigned int insertions = 1;
-    int parent = -1; // -1 at the top
-    std::vector<int> links = {};
-    unsigned int protocol = NO_NUMBER, media = NO_NUMBER;
-
-    bool operator==(const Stored& other) const
-    {
-        return std::tie(type, insertions, parent, links, protocol, media) ==
-               std::tie(other.type, other.insertions, other.parent, other.links, other.protocol, other.media);
-    }
-};
-using Engine = std::vector<Stored>;
-
-Engine engine()
+// What is in the data engine: how often inserted, under which and above which, and what virtual disks have
+// from a disk.
+std::string engine()
 {
     ral_snapshot* const all = ral_snapshot_create();
-    Engine objects;
+    std::string text;
     for (unsigned int index = 0; index < ral_snapshot_count(all); ++index) {
         const void* const object = ral_snapshot_object(all, index);
-        Stored stored{numberOf(object, SSPROP_OBJTYPE_U32), ral_snapshot_insertions(all, index),
-                      ral_snapshot_parent(all, index)};
+        const unsigned int type = numberOf(object, SSPROP_OBJTYPE_U32);
+        const bool isDisk = type == SDO_OBJTYPE_PHYSICAL_DISK;
+        text += std::string(index == 0 ? "" : "; ") +
+                (isDisk                           ? "disk x"
+                 : type == SDO_OBJTYPE_CONTROLLER ? "controller x"
+                                                  : "drive x") +
+                std::to_string(ral_snapshot_insertions(all, index)) + " under " +
+                std::to_string(ral_snapshot_parent(all, index));
         for (unsigned int link = 0; link < ral_snapshot_link_count(all, index); ++link)
-            stored.links.push_back(ral_snapshot_link(all, index, link));
-        if (stored.type != SDO_OBJTYPE_PHYSICAL_DISK) {
-            stored.protocol = numberOf(object, SSPROP_BUSPROTOCOL_U32);
-            stored.media = numberOf(object, SSPROP_MEDIA_U32);
-        }
-        objects.push_back(stored);
+            text += " above " + std::to_string(ral_snapshot_link(all, index, link));
+        for (const auto& [name, property] :
+             {std::pair(" bus ", SSPROP_BUSPROTOCOL_U32), std::pair(" media ", SSPROP_MEDIA_U32)})
+            if (!isDisk && numberOf(object, property) != NO_NUMBER)
+                text += name + std::to_string(numberOf(object, property));
     }
     ral_snapshot_destroy(all);
-    return objects;
+    return text;
 }
 
 class WalkTest : public PluginTest
@@ -206,8 +199,6 @@ class WalkTest : public PluginTest
     }
 
     CMarvelSubSystemMgr* m_manager = nullptr;
-    const Stored m_controller{SDO_OBJTYPE_CONTROLLER, 1, -1, {}, SDO_BUS_SATA};
-    const Stored m_disk{SDO_OBJTYPE_PHYSICAL_DISK, 1, 0};
 };
 
 TEST_F(WalkTest, NothingGoesInOfWhatAQueryRefuses)
@@ -216,52 +207,43 @@ TEST_F(WalkTest, NothingGoesInOfWhatAQueryRefuses)
     EXPECT_EQ(m_manager->getMgrUniqueID(), 1U) << "the number that the handler removes it by";
     EXPECT_EQ(m_manager->discoverAllVDs(100, 0) + m_manager->discoverVD(100, 0, 6), 1U);
     EXPECT_EQ(ral_call_count("RalInsertObject"), 5U);
+    EXPECT_EQ(m_manager->exit(), 0);
+    std::pair<unsigned int, IVendorLibrary*> other(SDO_VIL_NUMBER + 1, nullptr);
+    EXPECT_EQ(CSubSystemFactory().createSubSystemMgrObj(other), nullptr) << "a vendor that nobody manages";
+}
+
+TEST_F(WalkTest, OneVirtualDiskGoesInWithItsNumbersAlone)
+{
+    clear();
+    EXPECT_EQ(m_manager->discoverVD(101, 1, 6), 0U);
+    EXPECT_THAT(log(), Contains("ZARNEK:ISubSystemManager: createSDOProxyObj() createSDOProxyObj&"
+                                "createParentSDOProxyObj successful"));
+    EXPECT_EQ(ral_incomplete_count(), 2U) << "twice, and each time without what would identify it";
+    stg::SDOProxy proxy;
+    EXPECT_EQ(m_manager->createParentSDOProxyObj(proxy, SDO_OBJTYPE_CONTROLLER, 101), 1U);
+    EXPECT_EQ(proxy.getParentSDOConfigPtr(), nullptr);
+    EXPECT_EQ(m_manager->updateSDOProxyObj(proxy, SDO_OBJTYPE_PHYSICAL_DISK), 0U);
+    EXPECT_EQ(ral_call_count("RalInsertObject"), 7U);
 }
 
 TEST_F(WalkTest, FailuresOfTheDataEngineStopNothing)
 {
-    constexpr unsigned int DRIVE = SDO_OBJTYPE_VIRTUAL_DISK, NONE = NO_NUMBER;
-    constexpr unsigned int SAS = SDO_BUS_SAS, SSD = SDO_MEDIA_SSD;
-    const Stored bare{DRIVE, 1, 0, {1, 2}};
-    const auto with = [this](const Stored& drive) { return Engine{m_controller, m_disk, m_disk, drive}; };
-    const std::string update = "updateSDOProxyObj(): Failed to ";
-    const std::string
-        noDisk = update + "retrieve associated Objects.",
-        noLink = update + "create link with PD.",
-        outdated = "createSDOProxyObj( std::vector<CVirtualDevice*>& ): Failed to update SDOProxy Object.";
-    struct Case {
-        const char* call;
-        unsigned int nth, back; // the nth call, or so many ahead of the last one
-        int status;
-        Engine engine;
-        Lines failures;
-    };
-    for (const Case& c : {
-             // The second disk has no media.
-             Case{"RalInsertObject",
-                  2,
-                  0,
-                  2,
-                  {m_controller, m_disk, {DRIVE, 2, 0, {1}, SDO_BUS_SATA}},
-                  {" insertIntoRAL() Failed"}},
-             Case{"RalListAssociatedObjects", 3, 0, 1, with({DRIVE}), {noDisk}},
-             Case{"RalListAssociatedObjects", 4, 0, 1, with({DRIVE, 2, 0, {}, SAS, SSD}), {noLink}},
-             Case{"RalListAssociatedObjects", 5, 0, 1, with(bare), {noDisk, outdated}},
-             Case{"RalListAssociatedObjects", 5, 0, 2, with(bare), {noDisk}},
-             Case{"RalLinkObjects", 2, 0, 1, with({DRIVE, 2, 0, {1}, SAS, SSD}), {noLink}},
-             Case{"SMSDOConfigClone", 0, 2, 0, with({DRIVE, 2, 0, {1, 2}}), {}},
-             Case{"SMSDOConfigGetDataByID", 0, 1, 1, with({DRIVE, 2, 0, {1, 2}, NONE, SSD}), {}},
-         }) {
-        SCOPED_TRACE(testing::Message() << c.call << ' ' << c.nth << ' ' << c.back);
-        const unsigned int before = morlan_call_count(c.call);
+    for (const auto& row : dataRows("tests/discovery/failures.json")) {
+        const std::string text = row.at("call");
+        const char* const call = text.c_str();
+        const unsigned int before = morlan_call_count(call);
         m_manager->discover(101, 1);
-        const unsigned int nth = c.nth != 0 ? c.nth : morlan_call_count(c.call) - before - c.back;
+        int nth = row.at("nth"); // from the last one if that is negative
+        if (nth < 0)
+            nth += static_cast<int>(morlan_call_count(call) - before);
         ral_reset();
-        EXPECT_NE(ral_fail_call(c.call, nth, 1, c.status), morlan_fail_call(c.call, nth, 1, c.status));
+        const auto failing = static_cast<unsigned int>(nth);
+        EXPECT_NE(ral_fail_call(call, failing, 1, row.at("status")),
+                  morlan_fail_call(call, failing, 1, row.at("status")));
         clear();
         EXPECT_EQ(m_manager->discover(101, 1), 0U);
-        EXPECT_EQ(engine(), c.engine);
-        EXPECT_EQ(failures(), c.failures);
+        EXPECT_EQ(engine(), row.at("engine")) << row;
+        EXPECT_EQ(failures(), row.at("said").get<Lines>()) << row;
     }
 }
 

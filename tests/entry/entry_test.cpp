@@ -1,3 +1,4 @@
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "common/SdoObject.h"
 #include "discovery/CMarvelSubSystemMgr.h"
@@ -35,10 +36,6 @@ class EntryTest : public PluginTest
     unsigned int m_total = 77;
 };
 
-constexpr unsigned int INIT = ZARNEK_CMD_INITIALIZE, START = ZARNEK_CMD_START_MONITORING,
-                       FIND = ZARNEK_CMD_DISCOVER, STOP = ZARNEK_CMD_STOP_MONITORING,
-                       END = ZARNEK_CMD_TERMINATE;
-
 TEST_F(EntryTest, OtherCommandsHaveTheirStatusAndLines)
 {
     const std::string handler = "ZARNEK:CCommandHandler:navigator()";
@@ -66,23 +63,10 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
 {
     loadScenarioText(R"({"format": 1, "name": "pair",
                          "adapters": [{"slot": 0, "maxBufferKB": 64}, {"slot": 1, "maxBufferKB": 64}]})");
-    // What stands at last. The nth discovery numbers from n times 10.
-    struct Case {
-        Numbers commands, totals, controllers; // totals told, and numbers in the data engine
-        std::size_t listed;                    // managers
-        std::size_t destroyed, started;        // managers, and event threads
-    };
-    for (const Case& c : {Case{{INIT, FIND, START, STOP, END}, {2}, {10, 11}, 0, 1, 1},
-                          // Without a manager nothing happens.
-                          Case{{START, FIND, STOP, END, END}, {0}, {}, 0, 0, 0},
-                          Case{{INIT, FIND, STOP, FIND, START}, {2, 2}, {10, 11}, 0, 1, 0},
-                          // The total is a running sum and outlives the handler.
-                          Case{{INIT, FIND, STOP, END, INIT, FIND}, {2, 4}, {10, 11, 20, 21}, 1, 1, 0},
-                          // Each initialise lists the manager once per library, and the libraries add up
-                          // until the end.
-                          Case{{INIT, INIT, FIND, STOP, STOP}, {6}, {10, 11, 12, 13, 14, 15}, 0, 1, 0},
-                          Case{{INIT, FIND, STOP, INIT, FIND}, {2, 6}, {10, 11, 20, 21, 22, 23}, 2, 1, 0}}) {
-        SCOPED_TRACE(PrintToString(c.commands));
+    // What stands at last: totals told and numbers in the data engine, how many managers are listed and were
+    // destroyed, how many event threads were started. The nth discovery numbers from n times 10.
+    for (const auto& row : dataRows("tests/entry/orders.json")) {
+        SCOPED_TRACE(row.dump());
         CMarvelSubSystemMgr::destroyMe();
         CCommandHandler::destroyMe();
         CCommandHandler::m_gQelvoTotalCntrlNumber = 0;
@@ -91,23 +75,26 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
         m_first = 0;
         Numbers told, found;
         morlan_hold_threads(1); // until they are stopped: two threads must not log at once
-        for (const unsigned int command : c.commands) {
-            m_first += command == FIND ? 10 : 0;
+        for (const unsigned int command : row.at("commands")) {
+            m_first += command == ZARNEK_CMD_DISCOVER ? 10 : 0;
             EXPECT_EQ(send(command), ZARNEK_STATUS_DONE);
-            if (command == FIND)
+            if (command == ZARNEK_CMD_DISCOVER)
                 told.push_back(m_total);
-            EXPECT_TRUE(command != INIT || reinterpret_cast<std::uintptr_t>(m_slot) == SDO_VIL_NUMBER);
-            EXPECT_TRUE(command != END || morlan_live_mutexes() == 0);
+            EXPECT_TRUE(command != ZARNEK_CMD_INITIALIZE ||
+                        reinterpret_cast<std::uintptr_t>(m_slot) == SDO_VIL_NUMBER);
+            EXPECT_TRUE(command != ZARNEK_CMD_TERMINATE || morlan_live_mutexes() == 0);
         }
-        EXPECT_EQ(told, c.totals);
+        EXPECT_EQ(told, row.at("totals").get<Numbers>());
         ral_snapshot* const snapshot = ral_snapshot_create();
         for (unsigned int index = 0; index < ral_snapshot_count(snapshot); ++index)
             found.push_back(numberOf(ral_snapshot_object(snapshot, index), SSPROP_GLOBALCONTROLLERNUM_U32));
         ral_snapshot_destroy(snapshot);
-        EXPECT_EQ(found, c.controllers);
-        EXPECT_EQ(CCommandHandler::getUniqueInstance()->accessVector().size(), c.listed);
-        EXPECT_THAT(log(), Contains(HasSubstr("~CMarvelSubSystemMgr() ENTRY")).Times(c.destroyed));
-        EXPECT_THAT(log(), Contains(HasSubstr("Event Thread got created")).Times(c.started));
+        EXPECT_EQ(found, row.at("controllers").get<Numbers>());
+        EXPECT_EQ(CCommandHandler::getUniqueInstance()->accessVector().size(), row.at("listed"));
+        EXPECT_THAT(
+            log(), Contains(HasSubstr("~CMarvelSubSystemMgr() ENTRY")).Times(row.at("destroyed").get<int>()));
+        EXPECT_THAT(log(),
+                    Contains(HasSubstr("Event Thread got created")).Times(row.at("started").get<int>()));
     }
     EXPECT_EQ(CCommandHandler::m_gValGlobalCntrlNumber, m_first);
 }
@@ -160,12 +147,39 @@ TEST_F(HandlerTest, ListIsWalkedInOrderAndLosesByIdentifierAndClassName)
     m_handler.deleteFromVector(nullptr);
     m_handler.deleteFromVector(&m_two); // by its identifier, which another bears before it, at each place
     EXPECT_THAT(m_list, ElementsAre(nullptr, &m_one, &m_two));
+    m_handler.deleteFromVector(&m_one);
+    EXPECT_THAT(m_list, ElementsAre(nullptr, &m_two)) << "which does not die of it";
     expectDestructions(1);
 
     m_list = {nullptr, &m_one, &m_alike};
     clear();
     EXPECT_EQ(m_handler.startMonitoring() + m_handler.destroyAllResources(), 0);
     EXPECT_THAT(m_list, IsEmpty());
+    expectDestructions(1);
+}
+
+TEST_F(HandlerTest, MapLosesAManagerThatDiesUnderEachOfItsNumbers)
+{
+    auto& map = CCommandHandler::accessMap();
+    const auto fill = [&] {
+        clear();
+        for (const auto& [number, manager] : std::vector<std::pair<unsigned int, ISubSystemManager*>>{
+                 {1, nullptr}, {2, &m_alike}, {3, &m_one}, {4, &m_alike}, {5, &m_two}, {3, &m_two}})
+            CCommandHandler::insertIntoMap({number, manager});
+        EXPECT_EQ(map.at(3), &m_one) << "a number keeps its manager";
+    };
+    fill();
+    CCommandHandler::deleteFromMap(7);
+    CCommandHandler::deleteFromMap({5, nullptr});
+    EXPECT_EQ(map.size(), 5U);
+    CCommandHandler::deleteFromMap({1, &m_one});
+    CCommandHandler::deleteFromMap(2);
+    CCommandHandler::deleteFromMap(5);
+    EXPECT_THAT(map, ElementsAre(Key(3)));
+    expectDestructions(1);
+    fill();
+    CCommandHandler::deleteAllElementsFromMap();
+    EXPECT_THAT(map, IsEmpty());
     expectDestructions(1);
 }
 

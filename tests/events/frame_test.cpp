@@ -1,6 +1,7 @@
 // The event frame: threads as values, what is built for a subject, and the order in which it is taken down.
 #include "common/PluginTest.h"
 #include "events/CEventManager_Helper.h"
+#include "events/CMarvelEventManager.h"
 #include "events/IEventManager.h"
 #include "events/IEvtSubject.h"
 #include "morlan/morlan_inspect.h"
@@ -27,21 +28,22 @@ struct Manager : IEventManager {
     using IEventManager::m_CntrlIdList;
 
     void setLilObjPtr() override {}
-    void doEvtMgrSpecificOperation() override {}
     short createEventSubject(IEvtSubject*& subject) override
     {
         EXPECT_EQ(subject, nullptr);
-        subject = m_last = new Subject(7);
-        return 0;
+        if (m_statuses[0] == 0)
+            subject = m_last = new Subject(7);
+        return m_statuses[0];
     }
     short createEventObserver(IEvtSubject* subject, short (*callback)(ICommand&)) override
     {
         EXPECT_TRUE(subject == m_last && callback == takeAction);
         m_pObserver = observerAt(0);
-        return 0;
+        return m_statuses[1];
     }
 
     IEvtSubject* m_last = nullptr;
+    short m_statuses[2] = {}; // of subject and observer
 };
 
 using EventFrameTest = PluginTest;
@@ -81,15 +83,53 @@ TEST_F(EventFrameTest, ControllersAndObserversStandOnce)
     EXPECT_THAT(listed, ElementsAre(4, 2, none, none)) << "an unknown number is never found";
     EXPECT_EQ(manager.m_CntrlIdList.front().m_CntrlID, 0U) << "the first of equal numbers";
 
+    manager.processAllEvent();
+    EXPECT_THAT(messages(), ElementsAre(testing::HasSubstr("There is no Thread instance available")));
+    for (const int which : {0, 1}) {
+        manager.m_statuses[which] = 2;
+        EXPECT_EQ(manager.instantiate(), 2);
+        EXPECT_EQ(manager.getThreadVector().size() + manager.accessMap().size(), 0U);
+        manager.m_statuses[which] = 0;
+    }
+    delete manager.m_last;
     ASSERT_EQ(manager.instantiate(), 0);
     manager.insertIntoMap(7, observerAt(1));
     EXPECT_THAT(manager.accessMap(), ElementsAre(testing::Pair(7, observerAt(0))));
     EXPECT_EQ(manager.removeObserverFromMap(7), 1) << "its subject is there still";
+    EXPECT_EQ(manager.removeObserverFromMap(8), 1) << "nobody's";
     Thread& thread = manager.getThreadVector()[0];
     EXPECT_FALSE(CEventManager_Helper(nullptr, true)(thread));
     EXPECT_FALSE(CEventManager_Helper(&manager, true)(thread));
     EXPECT_TRUE(CEventManager_Helper(&manager, true)(thread)) << "there is no subject any more";
     EXPECT_THAT(manager.accessMap(), testing::IsEmpty());
+
+    manager.m_last = new Subject(8);
+    EXPECT_EQ(manager.createEventThread(manager.m_last, nullptr), 1);
+    EXPECT_EQ(manager.createEventThread(nullptr, IEventManager::thread_call_back), 1);
+    EXPECT_EQ(manager.fetchSubjectFromThread(8), nullptr);
+    delete manager.m_last;
+    clear();
+    IEventManager::thread_call_back(nullptr);
+    EXPECT_EQ(log(), Lines());
+}
+
+template <class Manager>
+void expectEmptyCopies()
+{
+    Manager manager, assigned;
+    manager.insertIntoCntrlList({1, 2});
+    const Manager copied(manager);
+    assigned = manager;
+    EXPECT_EQ(copied.m_CntrlIdList.size() + assigned.m_CntrlIdList.size(), 0U);
+}
+
+TEST_F(EventFrameTest, AManagerIsNeverReallyCopied)
+{
+    struct Marvel : CMarvelEventManager {
+        using CMarvelEventManager::m_CntrlIdList;
+    };
+    expectEmptyCopies<Manager>();
+    expectEmptyCopies<Marvel>();
 }
 
 } // namespace

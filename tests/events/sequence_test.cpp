@@ -1,4 +1,5 @@
 // The event sequence number over restarts.
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "events/CMarvelEventManager.h"
 #include "events/CMarvelEvtObserver.h"
@@ -8,32 +9,23 @@ using EventSequenceTest = PluginTest;
 
 TEST_F(EventSequenceTest, WritesANumberThatGrewAndNoOther)
 {
-    const std::string key = "[EventSequenceNumber]\nSequenceNumber=";
-    const std::string hundred = key + "100\n";
     const std::string label = "ZARNEK:CMarvelEventManager::";
     const std::string read = label + "CMarvelEventManager(): Previous Marvel Event Sequence Number: ";
     const std::string told = label + "~CMarvelEventManager(): /MarvelAlertMapping.ini File has been modified "
                                      "with the new Event Sequence Number: ";
-    struct Case {
-        std::string file, after;
-        unsigned int current, previous;
-        int writeStatus; // planned; 0 writes
-        bool told;
-    };
-    for (const Case& c :
-         {Case{hundred, hundred, 99, 100, 0, false}, Case{hundred, key + "150\n", 150, 100, 0, true},
-          Case{hundred, key + "4294967295\n", 0xFFFFFFFF, 100, 0, false},
-          Case{hundred, hundred, 150, 100, 5, false},
-          Case{hundred, hundred, 150, 100, 0x10000, true}, // the low half counts
-          Case{"[Adapter]\nSequenceNumber=3\n", "[Adapter]\nSequenceNumber=3\n", 5, 0xFFFFFFFF, 0, false}}) {
-        writeMapping(c.file);
-        CMarvelEvtObserver::m_CurEventSeqNum = c.current;
+    // The status of a planned failure, of which the low half counts; 0 writes.
+    for (const auto& row : dataRows("tests/events/sequence-numbers.json")) {
+        const unsigned int current = row.at("current"), previous = row.at("previous");
+        const int status = row.at("status");
+        const std::string file = row.at("file");
+        writeMapping(file);
+        CMarvelEvtObserver::m_CurEventSeqNum = current;
         CMarvelEventManager::getUniqueInstance()->doEvtMgrSpecificOperation();
-        EXPECT_EQ(messages().back(), read + std::to_string(c.previous));
-        if (c.writeStatus != 0)
-            morlan_fail_call("SMWriteINIPathFileValue", 1, 1, c.writeStatus);
+        EXPECT_EQ(messages().back(), read + std::to_string(previous));
+        if (status != 0)
+            morlan_fail_call("SMWriteINIPathFileValue", 1, 1, status);
         CMarvelEventManager::destroyMe();
-        EXPECT_EQ(readMapping(), c.after);
-        EXPECT_EQ(messages().back() == told + std::to_string(c.current), c.told);
+        EXPECT_EQ(readMapping(), row.value("after", file)) << row;
+        EXPECT_EQ(messages().back() == told + std::to_string(current), row.at("told")) << row;
     }
 }

@@ -54,6 +54,7 @@ struct Subject : CMarvelEvtSubject {
         registerMe(&peer, nullptr);
     }
     using CMarvelEvtSubject::m_AlertVector;
+    using CMarvelEvtSubject::m_pLilLayer;
 };
 
 struct EventSubjectTest : PluginTest {
@@ -83,6 +84,9 @@ TEST_F(EventSubjectTest, PollsAllAndSleepsUntilTheRequest)
     EXPECT_EQ(processed(Subject(m_peer), 2), wanted);
     // Without controllers it only sleeps.
     EXPECT_EQ(processed(Subject(m_peer, {}), 2), Lines({period, period}));
+    Subject alone(m_peer);
+    alone.m_pLilLayer = nullptr;
+    EXPECT_EQ(processed(std::move(alone), 1), Lines({period}));
 }
 
 TEST_F(EventSubjectTest, ItsBatchGoesWithItAndCopiesHaveNone)
@@ -90,6 +94,11 @@ TEST_F(EventSubjectTest, ItsBatchGoesWithItAndCopiesHaveNone)
     calls.clear();
     {
         Subject original(m_peer);
+        CMarvelEvtSubject assigned;
+        EXPECT_EQ(assigned.getSubjectID(), stg::NUMBER_UNKNOWN);
+        assigned = original;
+        EXPECT_EQ(assigned.getSubjectID(), original.getSubjectID());
+        EXPECT_THAT(assigned.getCntrlIdList(), testing::IsEmpty());
         original.m_AlertVector = {new CMarvelAlert, new CMarvelAlert};
         EXPECT_THAT(Subject(original).getCntrlIdList(), testing::IsEmpty());
     }

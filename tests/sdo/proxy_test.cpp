@@ -1,3 +1,4 @@
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "common/SdoObject.h"
 #include "model/CMarvellController.h"
@@ -62,44 +63,27 @@ TEST_F(SDOProxyTest, TypeWordsHaveTheirCodes)
     stg::SDOProxy::initializeLookupTable(); // a second time
     std::string words;
     for (const auto& [word, code] : stg::SDOProxy::getLookupTable())
-        words += word + ' ' + std::to_string(code) + ", ";
-    EXPECT_EQ(
-        words,
-        "BINARY_DATA_TYPE 0, BOOL_TYPE 0, CHARPTR 10, CHAR_ 2, CONTROL_NOTIFY_TYPE 13, INTEGER 4, LONG 8, "
-        "NEXUS_TYPE 5, SHORT_INT 3, STDSTR 10, U32 8, UCHAR_ 6, ULONG_INT 8, ULONG_ULONG_INT 9, "
-        "UNSIGNED_INTEGER 8, USHORT_INT 7, bool 0, char 2, char* 10, int 4, short 3, short int 3, "
-        "string 10, u8 6, unsigned 8, unsigned char 6, unsigned int 8, unsigned long 8, "
-        "unsigned long int 8, unsigned long long 9, unsigned long long int 9, unsigned short 7, "
-        "unsigned short int 7, ");
+        words += word + ' ' + std::to_string(code) + '\n';
+    EXPECT_EQ(words, TempFolder::readFile(ZARNEK_SOURCE_DIR "/tests/sdo/type-words.txt"));
 }
 
 TEST_F(SDOProxyTest, ScalarsTravelByTypeAndWidthAndComeBackInOneFieldPerCode)
 {
     const std::string high = "\x81\x82\x83\x84\x85\x86\x87\x88";
-    struct Case {
-        unsigned char code, type;
-        std::size_t width;
-        std::string typeName, value, shown; // of the high bytes, in the object and in the log
-    };
-    for (const auto& [code, type, width, typeName, value, shown] :
-         {Case{stg::SDO_CODE_BINARY, SDO_TYPE_BINARY_DATA, 4, "SM_SDO_NUMBERFORMAT_BINARY_DATA", "2223211137",
-               "2223211137"},
-          Case{stg::SDO_CODE_BOOL, SDO_TYPE_BOOLN, 1, "SM_SDO_TYPE_BOOLN", "129", "\x81"},
-          Case{stg::SDO_CODE_S8, SDO_TYPE_S8, 1, "SM_SDO_TYPE_S8", "129", "-127"},
-          Case{stg::SDO_CODE_S16, SDO_TYPE_S16, 2, "SM_SDO_TYPE_S16", "33409", "-32127"},
-          Case{stg::SDO_CODE_S32, SDO_TYPE_S32, 4, "SM_SDO_TYPE_S32", "2223211137", "-2071756159"},
-          Case{stg::SDO_CODE_U8, SDO_TYPE_U8, 1, "SM_SDO_TYPE_U8", "129", "\x81"},
-          Case{stg::SDO_CODE_U16, SDO_TYPE_U16, 2, "SM_SDO_TYPE_U16", "33409", "33409"},
-          Case{stg::SDO_CODE_U32, SDO_TYPE_U32, 4, "SM_SDO_TYPE_U32", "2223211137", "2223211137"},
-          Case{stg::SDO_CODE_U64, SDO_TYPE_U64, 8, "SM_SDO_TYPE_U64", "9837979819026121345",
-               "9837979819026121345"}}) {
+    // Code, type value, width, the type's name, and the high bytes in the object and in the log; null is a
+    // byte.
+    for (const auto& row : dataRows("tests/sdo/scalars.json")) {
+        const unsigned char code = row.at(0);
+        const std::size_t width = row.at(2);
+        const std::string typeName = row.at(3), value = row.at(4);
+        const std::string shown = row.at(5).is_null() ? high.substr(0, 1) : row.at(5).get<std::string>();
         SCOPED_TRACE(typeName);
         m_values.clear();
         clear();
         EXPECT_EQ(m_proxy.addProperty(65537, code, high.data()), 0); // the id travels in 16 bits
         EXPECT_EQ(messages().back(),
                   ADD + "Property Name: 65537, Property Type: " + typeName + ", Value: " + shown);
-        EXPECT_EQ(sent(1), Sent(type, value));
+        EXPECT_EQ(sent(1), Sent(row.at(1), value));
         EXPECT_EQ(read(1, code, "high", width), high.substr(0, width));
         EXPECT_EQ(read(3, code, "absent", 1), "none");
     }
@@ -177,6 +161,7 @@ TEST_F(SDOProxyTest, FreesWhatItOwnsAndNothingElse)
         EXPECT_EQ(morlan_live_sdo_objects(), 4U);
         proxy.getProperty(1, stg::SDO_CODE_NEXUS, "one", &m_values);
         target = stg::SDOProxy(proxy);
+        target = std::as_const(target);
         EXPECT_EQ(morlan_live_sdo_objects(), 6U) << "two clones, and what an assignment does not free";
         proxy.setChildSDOConfigPtr(m_child);
         proxy.setParentSDOConfigPtr(m_child);
@@ -259,6 +244,7 @@ TEST_F(SDOProxyEngineTest, FetchesObjectsByTheirKeys)
         expect(controller, "", number == 0);
     }
     CPhysicalDevice disk;
+    expect(disk, "GlobalControllerNumber", false);
     disk.setGlobalCntrlNum(0);
     expect(disk, "Physical Device ID", false);
     disk.setDevID(6);
@@ -278,6 +264,40 @@ TEST_F(SDOProxyEngineTest, ReadsModelObjectsBack)
     EXPECT_EQ(controller.getDriverVer(), "1.2");
     EXPECT_EQ(controller.getObjType(), SDO_VIL_NUMBER)
         << "numbers share a field, and the vendor layer came last";
+    CPhysicalDevice disk;
+    disk.setGlobalCntrlNum(0);
+    disk.loadPdSpecificAttrib();
+    EXPECT_EQ(m_proxy.retrieveObjectFromSDO(disk), 1U) << "of which disk?";
+    disk.setDevID(6);
+    EXPECT_EQ(m_proxy.retrieveObjectFromSDO(disk), 0U);
+    EXPECT_EQ(numberOf(m_proxy.getChildSDOConfigPtr(), SSPROP_SLOTNUM_U32), 2U);
+    EXPECT_EQ(disk.getSlotNum(), disk.getGlobalCntrlNum());
+    CVirtualDevice drive;
+    EXPECT_EQ(m_proxy.retrieveObjectFromSDO(drive), 1U);
+}
+
+TEST_F(SDOProxyEngineTest, WorksOnOneObjectAndOnePropertyToo)
+{
+    unsigned int value = 77;
+    EXPECT_EQ(m_proxy.addSpecificProperty(m_above, SSPROP_STATE_U32, SDO_TYPE_U32, &value), 0);
+    EXPECT_EQ(numberOf(m_above, SSPROP_STATE_U32), 77U);
+    EXPECT_EQ(m_proxy.retrieveSpecificProperty(SSPROP_LOGICALDRIVENUM_U32, &value), 0);
+    EXPECT_EQ(value, 4U);
+    EXPECT_NE(m_proxy.retrieveSpecificProperty(SSPROP_STATE_U32, &value), 0);
+    EXPECT_EQ(m_proxy.addProperty(SSPROP_STATE_U32, stg::SDO_CODE_U32, nullptr), 1);
+
+    const unsigned int links = ral_call_count("RalLinkObjects");
+    EXPECT_EQ(m_proxy.createSDOParentChildLink(), 0);
+    EXPECT_EQ(ral_call_count("RalLinkObjects"), links + 1);
+    void** list = nullptr;
+    unsigned int count = 0;
+    EXPECT_EQ(m_proxy.retrieveAssociatedSDOObjects(nullptr, SDO_OBJTYPE_CONTROLLER, &list, &count), 0);
+    EXPECT_EQ(m_proxy.deleteAssociatedSDOObjects(list, 0), 1);
+    EXPECT_EQ(m_proxy.deleteAssociatedSDOObjects(list, count), 0);
+    EXPECT_EQ(m_proxy.removeFromDataEngine(nullptr), 1);
+    EXPECT_EQ(m_proxy.removeFromDataEngine(m_above), 0);
+    EXPECT_EQ(m_proxy.retrieveAssociatedSDOObjects(nullptr, SDO_OBJTYPE_CONTROLLER, &list, &count), 0);
+    EXPECT_EQ(count, 0U);
 }
 
 } // namespace

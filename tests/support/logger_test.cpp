@@ -34,9 +34,11 @@ TEST_F(LoggerTest, WritesALineAtItsEndOrAtTheBuffersLimit)
     m_logger << '\n'; // an empty line is not written
     m_logger << "lost";
     m_logger.writeLog("written at once");
+    m_logger << "composed";
+    m_logger.writeLog("");
     m_logger << '\n';
     m_logger << almost << 'y' << "rest" << '\n';
-    EXPECT_THAT(log(), ElementsAre("written at once", almost + 'y', "rest"));
+    EXPECT_THAT(log(), ElementsAre("written at once", "composed", almost + 'y', "rest"));
 }
 
 TEST_F(LoggerTest, FramesABodyButNotOneLeftByAnException)
@@ -67,6 +69,20 @@ TEST_F(CriticalSectionTest, MakesTheMutexOnceAndAgainAfterItsEnd)
         EXPECT_EQ(morlan_call_count("SMMutexCreate"), made);
     }
     EXPECT_EQ(morlan_call_count("SMMutexUnLock"), 3U);
+}
+
+TEST(TextToolsTest, TrimStripAndWiden)
+{
+    std::wstring wide = L"\t \t x\ty \t ";
+    const std::wstring trimmed = L" \t x\ty "; // the blanks' turn comes once, ahead of the tabs'
+    EXPECT_EQ(stg::removeBeginingAndTrailingSpaces(wide), trimmed);
+    EXPECT_EQ(wide, trimmed);
+    EXPECT_EQ(stg::removeAllSpaces(wide), L"xy");
+    EXPECT_EQ(wide, L"xy");
+    std::string text = "\x7F\x80 \xFF";
+    EXPECT_EQ(stg::convertToWString(text), (std::wstring{0x7F, wchar_t(-128), L' ', wchar_t(-1)}));
+    EXPECT_EQ(stg::stripUnicode(text), "\x7F ");
+    EXPECT_EQ(text, "\x7F ");
 }
 
 TEST(TextToolsTest, ReadsNumbersAsA32BitLibraryDoes)

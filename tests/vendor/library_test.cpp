@@ -1,7 +1,9 @@
+#include "common/DataRows.h"
 #include "common/PluginTest.h"
 #include "morlan/morlan_inspect.h"
 #include "vendor/CLibraryLoader.h"
 #include "vendor/CLibraryManager.h"
+#include "vendor/CLibraryManager_Helper.h"
 #include "vendor/CMarvellVendorLibrary.h"
 
 #include <sdo.h>
@@ -35,24 +37,10 @@ struct EntryPoint {
 };
 
 const EntryPoint ENTRY_POINTS[] = {
-    {"MV_API_Initialize", "m_gMV_API_INITIALIZE", true, of<&Library::getMVInitAPI>},
-    {"MV_API_Finalize", "m_gMV_API_FINALIZE", false, of<&Library::getMVFinalizeAPI>},
-    {"MV_API_Version", "m_gMV_API_VERSION", false, of<&Library::getMVVersionAPI>},
-    {"MV_Adapter_GetCount", "m_gMV_ADAPTER_GETCOUNT", false, of<&Library::getMVAdpCountAPI>},
-    {"MV_Adapter_GetInfo", "m_gMV_ADAPTER_GETINFO", false, of<&Library::getMVAdpGetInfoAPI>},
-    {"MV_Adapter_GetConfig", "m_gMV_ADAPTER_GETINFO", false, of<&Library::getMVAdpGetConfigAPI>},
-    {"MV_PD_GetHDInfo_Ext", "m_gMV_PD_GETHDINFO_EXT", false, of<&Library::getMVPDGetHDInfoAPI>},
-    {"MV_PD_GetConfig", "m_gMV_PD_GETCONFIG", false, of<&Library::getMVPDGetConfigAPI>},
-    {"MV_PD_GET_SMART_INFO", "m_gMV_PD_GET_SMART_INFO", false, of<&Library::getMVPDGetSmartInfoAPI>},
-    {"MV_PD_GetHDRaidStatus", "m_gMV_PD_GET_HD_RAID_STATUS", true, of<&Library::getMVPDGetHDRaidStatusAPI>},
-    {"MV_PD_GetFreeSpaceInfo", "m_gMV_PD_GET_FREE_SPACE_INFO", true,
-     of<&Library::getMVPDGetFreeSpaceInfoAPI>},
-    {"MV_LD_GetInfo", "m_gMV_LD_GET_INFO", true, of<&Library::getMVLDGetInfoAPI>},
-    {"MV_LD_GetConfig", "m_gMV_LD_GET_CONFIG", true, of<&Library::getMVLDGetConfigAPI>},
-    {"MV_PassThrough_ATA", "m_gMV_PASSTHROUGH_ATA", false, of<&Library::GetMVPassThroughATAAPI>},
-    {"MV_Adapter_Get_OEM_Data", "m_gMV_ADAPTER_GET_OEM_DATA", true, of<&Library::GetMVAdpGetOEMDataAPI>},
-    {"MV_EVT_GetEvent", "m_gMV_EVT_GETEVENT", false, of<&Library::GetMVEVTGetEventAPI>},
-    {"MV_EVT_FlushEvent", "m_gMV_EVT_FLUSHEVENT", false, of<&Library::GetMVEVTFlushEventAPI>},
+#define ENTRY_POINT(symbol, accessor, inMessage, testsItself)                                                \
+    {#symbol, #inMessage, testsItself, of<&Library::accessor>},
+#include "vendor/entry-points.txt"
+#undef ENTRY_POINT
 };
 
 using LibraryTest = PluginTest;
@@ -85,32 +73,25 @@ TEST_F(LibraryTest, BindsWhatTheFileHas)
 
 TEST_F(LibraryTest, ManagerKeepsALibraryThatSeesAController)
 {
-    struct Case {
-        std::string id, name, scenario;
-        unsigned int loads, kept;
-        std::size_t calls;
-    };
-    for (const Case& c :
-         {Case{"9a", "libmvsim", "", 1, 1, 2},
-          Case{"9", "libmvsim", R"("answers": {"MV_Adapter_GetCount": {"count": 256}})", 1, 0, 2},
-          Case{"8", "libmvsim", "", 0, 0, 0}, Case{"9", "", "", 0, 0, 0},
-          Case{"9", "libzarnek_none_and_beyond_31_characters", "", 1, 0, 0}}) {
-        SCOPED_TRACE(c.id + c.name + c.scenario);
-        loadAdapter("", c.scenario);
-        nameVendorLibrary(c.name, c.id);
+    for (const auto& row : dataRows("tests/vendor/libraries.json")) {
+        SCOPED_TRACE(row.dump());
+        const std::string name = row.at("name");
+        const unsigned int kept = row.at("kept");
+        loadAdapter("", row.value("top", ""));
+        nameVendorLibrary(name, row.at("vendor"));
         CLibraryManager* const manager = CLibraryManager::getUniqueInstance();
         const unsigned int loads = morlan_call_count("SMLibLoad");
         const unsigned int unloads = morlan_call_count("SMLibUnLoad");
         clear();
         EXPECT_EQ(manager->initializeLibrary(), 0);
         EXPECT_THAT(messages(), Contains("ZARNEK: stg::readFromIniFile tempVendorInfo->m_LibName" +
-                                         c.name.substr(0, INI_VALUE_LIMIT)));
-        EXPECT_EQ(vendorCalls().size(), c.calls);
-        EXPECT_EQ(manager->accessLibObjMultimap()->size(), c.kept);
-        EXPECT_EQ(manager->getLibHandleforVendorID(SDO_VIL_NUMBER) != nullptr, c.kept == 1);
+                                         name.substr(0, INI_VALUE_LIMIT)));
+        EXPECT_EQ(vendorCalls().size(), row.at("calls"));
+        EXPECT_EQ(manager->accessLibObjMultimap()->size(), kept);
+        EXPECT_EQ(manager->getLibHandleforVendorID(SDO_VIL_NUMBER) != nullptr, kept == 1);
         CLibraryManager::destroyMe();
-        EXPECT_EQ(morlan_call_count("SMLibLoad") - loads, c.loads);
-        EXPECT_EQ(morlan_call_count("SMLibUnLoad") - unloads, c.kept) << "what is dropped stays loaded";
+        EXPECT_EQ(morlan_call_count("SMLibLoad") - loads, row.at("loads"));
+        EXPECT_EQ(morlan_call_count("SMLibUnLoad") - unloads, kept) << "what is dropped stays loaded";
     }
 }
 
@@ -152,6 +133,12 @@ TEST_F(LibraryTest, MapOperations)
     EXPECT_EQ(*manager.accessLibObjMultimap(), (CLibraryManager::LibraryMultimap{{OURS, update}}));
     EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 1U)
         << "the first of the updated id, and none that was removed";
+    CLibraryManager::LibraryMultimap untouched;
+    EXPECT_EQ(manager.cloneLibraryMultiMap(untouched) + static_cast<short>(untouched.size()), 0);
+    manager.insertIntoMap(OTHERS, nullptr);
+    EXPECT_EQ(manager.getVendorLibInstance(OTHERS), manager.getLibHandleforVendorID(OTHERS));
+    EXPECT_THAT(messages(), Contains("ZARNEK:CLibraryManager:getVendorLibInstance(): Dynamic Cast Failed."));
+    EXPECT_FALSE(stg::CLibraryManager_Helper().checkControllerExistence(OTHERS, update));
     manager.insertIntoMap(OTHERS, update); // a second place of one library
     manager.removeAllElementsFromMap();
     EXPECT_EQ(morlan_call_count("SMLibUnLoad"), 2U);
