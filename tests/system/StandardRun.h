@@ -24,10 +24,14 @@ class StandardRun
     StandardRun();
 
     void disturbed(IFaultPlan& plan, Outcome& outcome);
+    // One of them by itself. False when the plug-in could not be unloaded.
+    bool liveUnder(IFaultPlan& plan, Outcome& outcome);
+    void liveUndisturbed(Outcome& outcome);
+    void nameVendorLibrary(const std::string& name) const { m_engine.nameVendorLibrary(name); }
     // Learns from a run of its own what the second life has to leave; demands that alerts are part of it.
     void expectUndisturbed(ForkedRun& fork);
     // An answer that is the command's own: its status, and what it wrote.
-    static void expectOwnAnswer(const Answer& answer);
+    static void expectOwnAnswer(const Answer& answer, std::uintptr_t mostControllers = 1);
 
   private:
     // What a life without faults leaves: all objects in the data engine, the alerts that came, and the

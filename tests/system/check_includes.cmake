@@ -7,7 +7,7 @@ set(plugin_rooms
   src/entry src/events src/discovery src/sdo src/model src/mvlayer src/vendor src/support)
 set(devkit_rooms
   devkit/zarnekctl/cli devkit/zarnekctl/monitor devkit/zarnekctl/print devkit/zarnekctl/host devkit/zarnekctl/config
-  devkit/mvsim/api devkit/mvsim/scenario|devkit/mvsim/live devkit/mvsim/model
+  devkit/mvsim/api|devkit/mvhostile devkit/mvsim/scenario|devkit/mvsim/live devkit/mvsim/model
   devkit/ral devkit/morlan|devkit/queue devkit/common)
 set(upward
   "src/discovery/CMarvelSubSystemMgr.cpp events/CMarvelEventManager.h"
