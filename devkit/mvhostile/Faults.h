@@ -83,7 +83,7 @@ constexpr FaultRow FAULTS[] = {
     {Fault::CountAboveRoom, "count-above-room", LIST, FieldKind::None,
      "tells of up to 64 entries more than there is room for"},
     {Fault::CountOfAllBits, "count-of-all-bits", LIST, FieldKind::None, "tells of 65535 entries",
-     10}, // it takes long
+     40}, // it takes long
     {Fault::CountBelowEntries, "count-below-entries", LIST, FieldKind::None,
      "tells of fewer entries than it wrote"},
     {Fault::EntriesUnwritten, "entries-unwritten", LIST, FieldKind::None, "tells of entries and writes none"},

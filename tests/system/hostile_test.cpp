@@ -42,7 +42,7 @@ struct Inspection : IFaultPlan {
 
 TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
 {
-    constexpr unsigned int LIVES = 20, SECONDS = 60; // of a process; for one life
+    constexpr unsigned int LIVES = 20, SECONDS = 600; // of a process; for one life
     ForkedRun fork;
     StandardRun run;
     run.expectUndisturbed(fork);
@@ -50,13 +50,15 @@ TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
     auto* const counts = static_cast<unsigned long long*>(
         mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     ASSERT_NE(counts, MAP_FAILED);
+    const char* const seed = std::getenv("MVHOSTILE_SEED"); // to begin with
+    const unsigned int first = seed != nullptr ? static_cast<unsigned int>(std::stoul(seed)) : 1;
     unsigned int lives = 0;
     for (; counts[0] < (longForm() ? 10'000'000 : 10'000); lives += LIVES) {
         const Outcome outcome = fork([&](Outcome& shared) {
             Inspection inspection;
             morlan_set_debug_sink([](void*, const char*) {}, nullptr); // millions of lines for nobody
             run.nameVendorLibrary("libmvhostile");
-            for (shared.places = lives + 1; shared.places <= lives + LIVES; ++shared.places) {
+            for (shared.places = first + lives; shared.places < first + lives + LIVES; ++shared.places) {
                 alarm(SECONDS);
                 mvhostile_start(shared.places, nullptr);
                 run.liveUnder(inspection, shared);
@@ -73,13 +75,14 @@ TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
             run.nameVendorLibrary("libmvsim");
             run.liveUndisturbed(shared);
         });
-        ASSERT_TRUE(outcome.end == RunEnd::Finished && outcome.places == lives + LIVES + 1)
+        ASSERT_TRUE(outcome.end == RunEnd::Finished && outcome.places == first + lives + LIVES)
             << "seed " << outcome.places << ": " << outcome.faults.data();
         ASSERT_STREQ(outcome.faults.data(), "");
     }
     std::cout << "figures: " << counts[0] << " answers in " << lives << " lives";
     for (unsigned int fault = 0; const char* const name = mvhostile_fault_name(fault); ++fault) {
-        EXPECT_NE(counts[1 + fault], 0U) << mvhostile_fault_effect(fault) << ": in no answer";
+        EXPECT_TRUE(seed != nullptr || counts[1 + fault] != 0)
+            << mvhostile_fault_effect(fault) << ": in no answer";
         std::cout << "; " << counts[1 + fault] << ' ' << name;
     }
     std::cout << '\n';
