@@ -125,9 +125,12 @@ void MonitorTextPrinter::refresh(const Refresh& refresh)
         m_out << "gone from the data engine";
         break;
     case RefreshKind::Incomplete:
-        m_out << "refreshed singly, as " << devkit::counted(object.properties.size(), "value")
-              << " without identity; its full object waits for a discovery of all "
-              << wordOf(object.apparentKind()) << 's';
+        if (object.properties.empty())
+            m_out << "arrived without a value: the vendor library told of it and did not describe it";
+        else
+            m_out << "refreshed singly, as " << devkit::counted(object.properties.size(), "value")
+                  << " without identity; its full object waits for a discovery of all "
+                  << wordOf(object.apparentKind()) << 's';
         break;
     }
     m_out << '\n' << std::flush;
