@@ -4,10 +4,10 @@
 #define ZARNEK_DEVKIT_COMMON_FAULTPLAN_H
 
 #include <initializer_list>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace devkit
@@ -46,7 +46,7 @@ class FaultPlan
     };
 
     mutable std::mutex m_mutex;
-    std::map<std::string_view, State> m_states;
+    std::unordered_map<std::string_view, State> m_states;
 };
 
 } // namespace devkit

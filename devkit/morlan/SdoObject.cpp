@@ -15,15 +15,20 @@ std::atomic<unsigned int> g_live{0};
 
 } // namespace
 
-SdoObject::SdoObject() : m_magic(MAGIC)
+SdoObject::SdoObject() : m_magic(MAGIC), m_content(new Content)
 {
+    ++g_live;
+}
+
+SdoObject::SdoObject(Content& shared) : m_magic(MAGIC), m_content(&shared)
+{
+    ++shared.holders;
     ++g_live;
 }
 
 SdoObject::~SdoObject()
 {
-    for (const Property& property : m_properties)
-        delete property.nested;
+    release(*m_content);
     // The compiler may drop a plain store to an object that is going.
     *const_cast<volatile std::uint32_t*>(&m_magic) = 0;
     --g_live;
@@ -57,15 +62,19 @@ bool SdoObject::free(void* handle)
 
 std::unique_ptr<SdoObject> SdoObject::clone() const
 {
+    if (!m_content->holdsObjects)
+        return std::unique_ptr<SdoObject>(new SdoObject(*m_content));
     auto copy = std::make_unique<SdoObject>();
-    copy->m_properties.reserve(m_properties.size());
-    for (const Property& property : m_properties) {
+    Content& content = *copy->m_content;
+    content.holdsObjects = true;
+    content.properties.reserve(properties().size());
+    for (const Property& property : properties()) {
         std::unique_ptr<SdoObject> nested;
         if (property.nested != nullptr) {
             nested = property.nested->clone();
             nested->m_owner = copy.get();
         }
-        copy->m_properties.push_back({property.id, property.type, property.bytes, nested.get()});
+        content.properties.push_back({property.id, property.type, property.bytes, nested.get()});
         static_cast<void>(nested.release()); // the copy owns it now
     }
     return copy;
@@ -91,9 +100,9 @@ bool SdoObject::setNested(std::uint16_t id, std::uint8_t type, SdoObject* nested
 
 const SdoObject::Property* SdoObject::find(std::uint16_t id) const
 {
-    const auto found = std::find_if(m_properties.begin(), m_properties.end(),
+    const auto found = std::find_if(properties().begin(), properties().end(),
                                     [id](const Property& property) { return property.id == id; });
-    return found == m_properties.end() ? nullptr : &*found;
+    return found == properties().end() ? nullptr : &*found;
 }
 
 unsigned int SdoObject::live()
@@ -103,15 +112,37 @@ unsigned int SdoObject::live()
 
 void SdoObject::put(Property property)
 {
+    Content& content = ownContent();
+    content.holdsObjects |= property.nested != nullptr;
     const auto found =
-        std::find_if(m_properties.begin(), m_properties.end(),
+        std::find_if(content.properties.begin(), content.properties.end(),
                      [&property](const Property& present) { return present.id == property.id; });
-    if (found == m_properties.end()) {
-        m_properties.push_back(std::move(property));
+    if (found == content.properties.end()) {
+        content.properties.push_back(std::move(property));
         return;
     }
     delete found->nested;
     *found = std::move(property);
+}
+
+SdoObject::Content& SdoObject::ownContent()
+{
+    if (m_content->holders != 1) {
+        auto own = std::make_unique<Content>();
+        own->properties = properties();
+        release(*m_content);
+        m_content = own.release();
+    }
+    return *m_content;
+}
+
+void SdoObject::release(Content& content)
+{
+    if (--content.holders != 0)
+        return;
+    for (const Property& property : content.properties)
+        delete property.nested;
+    delete &content;
 }
 
 } // namespace morlan

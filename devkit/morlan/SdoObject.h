@@ -1,9 +1,11 @@
 // An SDO configuration object: a bag of properties in the order of their first addition, at most one per id.
 // What the C functions hand out as an untyped handle is a pointer to one of these. Not synchronised: one
-// object is for one thread at a time.
+// object is for one thread at a time. A clone shares its content with the original until one of them changes,
+// which may be in different threads.
 #ifndef ZARNEK_DEVKIT_MORLAN_SDOOBJECT_H
 #define ZARNEK_DEVKIT_MORLAN_SDOOBJECT_H
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -47,7 +49,9 @@ class SdoObject
 
     // Null when the id is absent.
     const Property* find(std::uint16_t id) const;
-    const std::vector<Property>& properties() const { return m_properties; }
+    const std::vector<Property>& properties() const { return m_content->properties; }
+    // The same address for objects that share their content. While one of them keeps it, it does not change.
+    const void* content() const { return m_content; }
     // True for an object that another one holds, and frees.
     bool isNested() const { return m_owner != nullptr; }
 
@@ -55,12 +59,22 @@ class SdoObject
     static unsigned int live();
 
   private:
+    struct Content {
+        std::vector<Property> properties;
+        bool holdsObjects = false; // content with a nested object has one holder: the nested one's owner
+        std::atomic<unsigned int> holders{1};
+    };
+
+    explicit SdoObject(Content& shared);
     std::unique_ptr<SdoObject> clone() const;
     void put(Property property);
+    // The content, for a change: from now on this object's own.
+    Content& ownContent();
+    static void release(Content& content);
 
     std::uint32_t m_magic;
     const SdoObject* m_owner = nullptr;
-    std::vector<Property> m_properties;
+    Content* m_content;
 };
 
 } // namespace morlan

@@ -103,6 +103,12 @@ int morlan_sdo_property_at(const void* object, unsigned int index, unsigned shor
     return 0;
 }
 
+const void* morlan_sdo_content(const void* object)
+{
+    const SdoObject* const source = SdoObject::fromHandle(object);
+    return source == nullptr ? nullptr : source->content();
+}
+
 void* morlan_sdo_clone(const void* object)
 {
     return devkit::guarded<void*>(nullptr, [object] { return SdoObject::cloneOf(object); });

@@ -55,6 +55,10 @@ DEVKIT_EXPORT unsigned int morlan_sdo_property_count(const void* object);
 DEVKIT_EXPORT int morlan_sdo_property_at(const void* object, unsigned int index, unsigned short* id,
                                          unsigned char* type, const void** value, unsigned int* size);
 
+// The same address for an object and its clones, until one of them changes; null for none. It stays good as
+// long as one of those that share it lives unchanged.
+DEVKIT_EXPORT const void* morlan_sdo_content(const void* object);
+
 // SMSDOConfigClone and SMSDOConfigFree for the other stand-ins: not counted and never failed by plan, so that
 // a planned failure strikes the plug-in's calls alone.
 DEVKIT_EXPORT void* morlan_sdo_clone(const void* object);

@@ -1,6 +1,10 @@
 #include "ral/ObjectStore.h"
 
+#include "common/guarded.h"
+#include "morlan/morlan_inspect.h"
+
 #include <algorithm>
+#include <iterator>
 
 namespace ral
 {
@@ -9,6 +13,26 @@ namespace
 {
 
 constexpr std::size_t MOST_INCOMPLETE = 1000; // kept, so that a host that runs for months stays small
+
+constexpr auto BY_NUMBER = [](const auto* left, const auto* right) { return left->number < right->number; };
+
+template <class Nodes, class Node>
+void removeFrom(Nodes& nodes, const Node* node)
+{
+    nodes.erase(std::find(nodes.begin(), nodes.end(), node));
+}
+
+template <class Nodes, class Node>
+bool contains(const Nodes& nodes, const Node* node)
+{
+    return std::find(nodes.begin(), nodes.end(), node) != nodes.end();
+}
+
+template <class Nodes, class Node>
+void addByNumber(Nodes& nodes, Node* node)
+{
+    nodes.insert(std::lower_bound(nodes.begin(), nodes.end(), node, BY_NUMBER), node);
+}
 
 } // namespace
 
@@ -30,12 +54,10 @@ bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Chan
     Node* const above = find(parent);
     if (parent != nullptr && above == nullptr)
         return false;
-    const auto known = m_index.find(identity->text);
-    if (known == m_index.end()) {
-        std::list<Node> added;
-        added.push_back({std::move(*identity), object, above, {}, 1});
-        m_index.emplace(added.back().identity.text, &added.back());
-        m_nodes.splice(m_nodes.end(), added);
+    const auto known = m_nodes.find(identity->text);
+    if (known == m_nodes.end()) {
+        Node& node = add(std::move(*identity), above);
+        replace(node, object);
         changes.push_back({RAL_CHANGE_INSERTED, nullptr, object});
         return true;
     }
@@ -44,10 +66,13 @@ bool ObjectStore::insert(const Sdo& object, const void* parent, std::vector<Chan
     for (const Node* step = above; step != nullptr; step = step->parent)
         if (step == &node)
             return false;
-    if (above != nullptr)
+    if (above != nullptr && above != node.parent) {
+        addByNumber(above->children, &node);
+        removeFrom(childrenOf(node.parent), &node);
         node.parent = above;
+    }
     changes.push_back({RAL_CHANGE_UPDATED, node.object, object});
-    node.object = object;
+    replace(node, object);
     ++node.insertions;
     return true;
 }
@@ -62,10 +87,7 @@ bool ObjectStore::remove(const void* object, std::vector<Change>& changes)
     changes.reserve(changes.size() + subtree.size());
     for (Node* doomed : subtree) {
         changes.push_back({RAL_CHANGE_DELETED, doomed->object, nullptr});
-        for (Node& other : m_nodes)
-            other.lower.erase(std::remove(other.lower.begin(), other.lower.end(), doomed), other.lower.end());
-        m_index.erase(doomed->identity.text);
-        m_nodes.remove_if([doomed](const Node& other) { return &other == doomed; });
+        erase(*doomed);
     }
     return true;
 }
@@ -76,8 +98,15 @@ bool ObjectStore::link(const void* upper, const void* lower)
     Node* const below = find(lower);
     if (above == nullptr || below == nullptr || above == below)
         return false;
-    if (!isLinked(*above, *below))
-        above->lower.push_back(below);
+    if (isLinked(*above, *below))
+        return true;
+    above->lower.push_back(below);
+    try {
+        below->upper.push_back(above);
+    } catch (...) {
+        above->lower.pop_back();
+        throw;
+    }
     return true;
 }
 
@@ -86,26 +115,39 @@ bool ObjectStore::listAssociated(const void* object, unsigned int type, std::vec
     const Node* const centre = find(object);
     if (object != nullptr && centre == nullptr)
         return false;
-    for (const Node& node : m_nodes) {
-        const bool linked = centre != nullptr && (isLinked(*centre, node) || isLinked(node, *centre));
-        if (node.identity.type == type && (node.parent == centre || linked))
-            found.push_back(node.object);
+    std::vector<const Node*> nodes;
+    const auto add = [&nodes, type](const std::vector<Node*>& associated) {
+        std::copy_if(associated.begin(), associated.end(), std::back_inserter(nodes),
+                     [type](const Node* node) { return node->identity.type == type; });
+    };
+    add(centre == nullptr ? m_top : centre->children);
+    if (centre != nullptr) {
+        add(centre->lower);
+        add(centre->upper);
     }
+    std::sort(nodes.begin(), nodes.end(), BY_NUMBER);
+    nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
+    for (const Node* node : nodes)
+        found.push_back(node->object);
     return true;
 }
 
 std::vector<SnapshotEntry> ObjectStore::snapshot() const
 {
-    std::unordered_map<const Node*, int> indexes;
-    for (const Node& node : m_nodes)
-        indexes.emplace(&node, static_cast<int>(indexes.size()));
+    std::vector<const Node*> nodes;
+    for (const auto& [identity, node] : m_nodes)
+        nodes.push_back(node.get());
+    std::sort(nodes.begin(), nodes.end(), BY_NUMBER);
+    const auto indexOf = [&nodes](const Node* node) {
+        return static_cast<int>(std::lower_bound(nodes.begin(), nodes.end(), node, BY_NUMBER) -
+                                nodes.begin());
+    };
 
     std::vector<SnapshotEntry> entries;
-    for (const Node& node : m_nodes) {
-        const int parent = node.parent == nullptr ? -1 : indexes.at(node.parent);
-        SnapshotEntry entry{node.object, parent, {}, node.insertions, false};
-        for (const Node* lower : node.lower)
-            entry.links.push_back(indexes.at(lower));
+    for (const Node* node : nodes) {
+        const int parent = node->parent == nullptr ? -1 : indexOf(node->parent);
+        SnapshotEntry entry{node->object, parent, {}, node->insertions, false};
+        std::transform(node->lower.begin(), node->lower.end(), std::back_inserter(entry.links), indexOf);
         entries.push_back(std::move(entry));
     }
     for (const Sdo& object : m_incomplete)
@@ -115,7 +157,8 @@ std::vector<SnapshotEntry> ObjectStore::snapshot() const
 
 void ObjectStore::clear()
 {
-    m_index.clear();
+    m_byContent.clear();
+    m_top.clear();
     m_nodes.clear();
     m_incomplete.clear();
     m_incompleteCount = 0;
@@ -123,24 +166,63 @@ void ObjectStore::clear()
 
 ObjectStore::Node* ObjectStore::find(const void* object) const
 {
+    const auto sharing = m_byContent.find(morlan_sdo_content(object));
+    if (sharing != m_byContent.end())
+        return sharing->second;
     const std::optional<Identity> identity = identityOf(object);
     if (!identity)
         return nullptr;
-    const auto found = m_index.find(identity->text);
-    return found == m_index.end() ? nullptr : found->second;
+    const auto found = m_nodes.find(identity->text);
+    return found == m_nodes.end() ? nullptr : found->second.get();
 }
 
 bool ObjectStore::isLinked(const Node& upper, const Node& lower)
 {
-    return std::find(upper.lower.begin(), upper.lower.end(), &lower) != upper.lower.end();
+    return upper.lower.size() < lower.upper.size() ? contains(upper.lower, &lower)
+                                                   : contains(lower.upper, &upper);
+}
+
+ObjectStore::Node& ObjectStore::add(Identity identity, Node* parent)
+{
+    auto added = std::make_unique<Node>();
+    Node& node = *added;
+    node.identity = std::move(identity);
+    node.number = m_inserted;
+    node.parent = parent;
+    const auto place = m_nodes.emplace(node.identity.text, std::move(added)).first;
+    try {
+        childrenOf(parent).push_back(&node);
+    } catch (...) {
+        m_nodes.erase(place);
+        throw;
+    }
+    ++m_inserted;
+    return node;
+}
+
+void ObjectStore::replace(Node& node, const Sdo& object)
+{
+    m_byContent.erase(morlan_sdo_content(node.object.get()));
+    node.object = object;
+    devkit::guarded([&] { m_byContent.emplace(morlan_sdo_content(object.get()), &node); });
+}
+
+void ObjectStore::erase(Node& node)
+{
+    for (Node* lower : node.lower)
+        removeFrom(lower->upper, &node);
+    for (Node* upper : node.upper)
+        removeFrom(upper->lower, &node);
+    removeFrom(childrenOf(node.parent), &node);
+    m_byContent.erase(morlan_sdo_content(node.object.get()));
+    m_nodes.erase(m_nodes.find(node.identity.text));
 }
 
 // The lowest first.
 void ObjectStore::collect(Node* node, std::vector<Node*>& subtree)
 {
-    for (Node& other : m_nodes)
-        if (other.parent == node)
-            collect(&other, subtree);
+    for (Node* child : node->children)
+        collect(child, subtree);
     subtree.push_back(node);
 }
 

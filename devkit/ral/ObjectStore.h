@@ -8,10 +8,10 @@
 #include "ral/identity.h"
 #include "ral/ral_inspect.h"
 
+#include <cstdint>
 #include <deque>
-#include <list>
 #include <memory>
-#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -60,19 +60,30 @@ class ObjectStore
 
   private:
     struct Node {
-        Identity identity;
+        Identity identity{};
+        std::uint64_t number = 0; // in the order of first insertion
         Sdo object;
-        Node* parent;
-        std::vector<Node*> lower; // linked below this one, in the order of linking
-        unsigned int insertions;
+        Node* parent = nullptr;
+        std::vector<Node*> children; // by number
+        std::vector<Node*> lower;    // linked below this one, in the order of linking
+        std::vector<Node*> upper;    // linked above it
+        unsigned int insertions = 1;
     };
 
     Node* find(const void* object) const;
+    std::vector<Node*>& childrenOf(Node* parent) { return parent == nullptr ? m_top : parent->children; }
     static bool isLinked(const Node& upper, const Node& lower);
-    void collect(Node* node, std::vector<Node*>& subtree);
+    Node& add(Identity identity, Node* parent);
+    void replace(Node& node, const Sdo& object);
+    void erase(Node& node);
+    static void collect(Node* node, std::vector<Node*>& subtree);
 
-    std::list<Node> m_nodes; // in the order of first insertion
-    std::unordered_map<std::string, Node*> m_index;
+    std::unordered_map<std::string_view, std::unique_ptr<Node>> m_nodes; // by the texts of their identities
+    // By what they share with their clones, so that objects on their way back are known at a glance. A node
+    // that got no room here is found by its identity.
+    std::unordered_map<const void*, Node*> m_byContent;
+    std::vector<Node*> m_top; // without a parent, by number
+    std::uint64_t m_inserted = 0;
     std::deque<Sdo> m_incomplete; // the last that came
     unsigned int m_incompleteCount = 0;
 };

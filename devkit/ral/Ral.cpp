@@ -1,7 +1,6 @@
 #include "ral/Ral.h"
 
 #include "common/guarded.h"
-#include "morlan/morlan_inspect.h"
 #include "ral/identity.h"
 
 #include <algorithm>
@@ -12,13 +11,6 @@ namespace ral
 
 namespace
 {
-
-// An SDO object that was handed over.
-class Handed : public std::unique_ptr<void, decltype(&morlan_sdo_free)>
-{
-  public:
-    explicit Handed(void* object) : unique_ptr(object, morlan_sdo_free) {}
-};
 
 // With the library itself, so that no call of it lacks the memory for this.
 [[maybe_unused]] const Ral& LOADED = Ral::instance();
@@ -146,9 +138,9 @@ int Ral::makeList(const std::vector<ObjectStore::Sdo>& objects, void*** list, un
 {
     if (objects.empty())
         return 0;
-    std::vector<ObjectStore::Sdo> copies;
+    std::vector<Handed> copies;
     for (const ObjectStore::Sdo& object : objects) {
-        copies.push_back(ObjectStore::Sdo(Handed(morlan_sdo_clone(object.get()))));
+        copies.emplace_back(morlan_sdo_clone(object.get()));
         if (!copies.back())
             return FAILED;
     }

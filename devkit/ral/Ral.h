@@ -6,10 +6,12 @@
 
 #include "common/FaultPlan.h"
 #include "common/SinkSlot.h"
+#include "morlan/morlan_inspect.h"
 #include "ral/ObjectStore.h"
 #include "ral/ral_inspect.h"
 
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -48,6 +50,11 @@ class Ral
     devkit::SinkSlot<devkit_text_sink> callSink;
 
   private:
+    struct Free {
+        void operator()(void* object) const { morlan_sdo_free(object); }
+    };
+    using Handed = std::unique_ptr<void, Free>; // an SDO object that was handed over
+
     Ral();
 
     template <class Act>
@@ -60,7 +67,7 @@ class Ral
     std::mutex m_calling;         // held over a whole call, sinks included
     mutable std::mutex m_storing; // guards what follows; never held while a sink runs
     ObjectStore m_store;
-    std::map<void**, std::vector<ObjectStore::Sdo>> m_lists; // what was given out, with the copies in it
+    std::map<void**, std::vector<Handed>> m_lists; // what was given out, with the copies in it
 };
 
 } // namespace ral

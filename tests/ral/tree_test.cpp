@@ -248,6 +248,24 @@ TEST_F(Tree, AListIsACopyUntilItIsGivenBack)
     EXPECT_EQ(RalListFree(objects, 2), UNKNOWN_OBJECT) << "given back already";
 }
 
+TEST_F(Tree, WhatWasListedIsKnownByItsIdentityAndNoLonger)
+{
+    void** disks = nullptr;
+    unsigned int count = 0;
+    ASSERT_EQ(RalListAssociatedObjects(lent("controller 0").get(), SDO_OBJTYPE_PHYSICAL_DISK, &disks, &count),
+              0);
+    insertWithStatus("disk 0:7", 4);
+    EXPECT_EQ(RalLinkObjects(disks[0], disks[1]), 0) << "the one listed before its properties changed";
+    addText(disks[0], SSPROP_NAME_ASTRING, "disk 1:7");
+    EXPECT_EQ(RalDeleteObject(disks[0], 1, 0), 0);
+    EXPECT_EQ(RalDeleteObject(disks[1], 1, 0), 0);
+    EXPECT_EQ(RalDeleteObject(disks[1], 1, 0), UNKNOWN_OBJECT);
+    EXPECT_THAT(content(),
+                ElementsAre("controller 0", "controller 1", "disk 0:7 (4) under controller 0, 2 times",
+                            "drive 0:0 under controller 0, above disk 0:7 (4)"));
+    EXPECT_EQ(RalListFree(disks, count), 0);
+}
+
 TEST_F(Tree, SeveralThreadsMayInsertLinkAndList)
 {
     std::vector<std::thread> threads;

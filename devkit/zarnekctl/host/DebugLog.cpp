@@ -45,10 +45,10 @@ std::string describe(const Refusals& refusals)
 void DebugLog::add(const char* text)
 {
     m_trace.line("log", text);
-    const std::string line = devkit::escaped(text);
+    const std::string line = text;
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_echo)
-        std::cerr << line << '\n';
+        std::cerr << devkit::escaped(line) << '\n';
     if (endsWith(line, " ENTRY ") || endsWith(line, " EXIT "))
         return;
     m_last.push_back(line);
@@ -56,15 +56,23 @@ void DebugLog::add(const char* text)
         m_last.pop_front();
     if (const auto reason = refusalIn(line)) {
         ++m_refusals.count;
-        m_refusals.reasons.insert(*reason);
-        m_refusals.lastLines.assign(m_last.begin(), m_last.end());
+        m_refusals.reasons.insert(devkit::escaped(*reason));
+        m_refusals.lastLines = escapedLast();
     }
 }
 
 std::vector<std::string> DebugLog::lastLines() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return {m_last.begin(), m_last.end()};
+    return escapedLast();
+}
+
+std::vector<std::string> DebugLog::escapedLast() const
+{
+    std::vector<std::string> lines;
+    for (const std::string& line : m_last)
+        lines.push_back(devkit::escaped(line));
+    return lines;
 }
 
 Refusals DebugLog::takeRefusals()

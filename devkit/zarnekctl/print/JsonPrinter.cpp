@@ -27,6 +27,20 @@ Json nodeJson(const System& system, const Node& node)
     return json;
 }
 
+constexpr int INDENT = 2;
+
+// As it stands two levels deep in a document.
+std::string dumpBelow(const Json& json)
+{
+    std::string lines;
+    for (const char character : '\n' + json.dump(INDENT)) {
+        lines += character;
+        if (character == '\n')
+            lines += "    ";
+    }
+    return lines;
+}
+
 } // namespace
 
 void JsonPrinter::print(const System& system, std::ostream& out) const
@@ -36,10 +50,15 @@ void JsonPrinter::print(const System& system, std::ostream& out) const
     json["format_version"] = JSON_FORMAT_VERSION;
     json["source"] = devkit::escaped(system.source);
     json["controllers_found"] = system.controllersFound;
-    json["objects"] = Json::array();
-    for (const Node& node : system.nodes)
-        json["objects"].push_back(nodeJson(system, node));
-    out << json.dump(2) << '\n';
+    const std::string head = json.dump(INDENT);
+    // Object by object: a whole document takes many times the room of what it tells of.
+    out << head.substr(0, head.rfind('\n')) << ",\n  \"objects\": [";
+    const char* gap = "";
+    for (const Node& node : system.nodes) {
+        out << gap << dumpBelow(nodeJson(system, node));
+        gap = ",";
+    }
+    out << (system.nodes.empty() ? "]" : "\n  ]") << "\n}\n";
 }
 
 } // namespace zarnekctl

@@ -42,19 +42,14 @@ std::string rangeText(std::vector<std::uint64_t> numbers)
     return text;
 }
 
-bool hasLinkTo(const Node& node, std::size_t target)
-{
-    return std::find(node.links.begin(), node.links.end(), target) != node.links.end();
-}
-
 // Links to disks as ranges of slots, links to anything else by name. The plug-in links a virtual disk with
 // every disk of its controller, which says nothing about members.
 std::string linkText(const System& system, const Node& node)
 {
     const auto disks = system.below(node.parent, ObjectKind::PhysicalDisk);
-    const bool isLinkedWithAll =
-        std::all_of(disks.begin(), disks.end(), [&](std::size_t disk) { return hasLinkTo(node, disk); });
-    if (!disks.empty() && isLinkedWithAll && node.links.size() == disks.size())
+    auto links = node.links;
+    std::sort(links.begin(), links.end());
+    if (!disks.empty() && links == disks)
         return "linked with all disks of the controller";
     std::vector<std::uint64_t> slots;
     std::string others;
