@@ -157,10 +157,7 @@ unsigned int Simulator::events(unsigned int adapter, unsigned int maximum, unsig
     if (count == nullptr || events == nullptr)
         return MV_ERR_FAIL;
     PlayedAdapter& played = m_adapters[adapter];
-    ++played.polls;
-    played.rules.dropEnded(played.polls);
-    m_source->beginPoll(adapter, played);
-
+    beginPoll(adapter, played);
     const Verdict verdict = played.rules.judge(EntryPoint::MV_EVT_GetEvent);
     if (!verdict.fills)
         return verdict.result; // what is pending waits
@@ -180,6 +177,18 @@ unsigned int Simulator::events(unsigned int adapter, unsigned int maximum, unsig
     *count = length.count.value_or(static_cast<unsigned int>(filled));
     delivered = std::move(batch);
     return verdict.result;
+}
+
+void Simulator::beginPoll(unsigned int adapter, PlayedAdapter& played)
+{
+    ++played.polls;
+    try {
+        m_source->beginPoll(adapter, played);
+    } catch (...) { // then what was to happen does at the next one
+        --played.polls;
+        throw;
+    }
+    played.rules.dropEnded(played.polls);
 }
 
 void Simulator::numberEvents(std::vector<_Event>& events, const std::vector<bool>& numbered)

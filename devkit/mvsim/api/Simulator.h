@@ -54,6 +54,7 @@ class Simulator
     // unless the scenario has planned another.
     template <class Fill>
     unsigned int answer(EntryPoint entry, unsigned int adapter, Fill fill);
+    void beginPoll(unsigned int adapter, PlayedAdapter& played);
     void numberEvents(std::vector<_Event>& events, const std::vector<bool>& numbered);
 
     std::mutex m_mutex;

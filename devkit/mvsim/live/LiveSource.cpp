@@ -87,9 +87,10 @@ std::vector<PlayedAdapter> LiveSource::adapters()
 void LiveSource::beginPoll(unsigned int, PlayedAdapter& adapter)
 {
     SeenMachine now = look();
-    for (const PendingEvent& event : changesBetween(m_seen, now))
-        adapter.pending.push_back(event);
-    adapter.model = adapterOf(now);
+    const std::vector<PendingEvent> events = changesBetween(m_seen, now);
+    Adapter model = adapterOf(now);
+    adapter.pending.insert(adapter.pending.end(), events.begin(), events.end());
+    adapter.model = std::move(model);
     m_seen = std::move(now);
 }
 

@@ -31,7 +31,7 @@ class ISource
     virtual CallRules vendorRules() const = 0;
 
     // Brings one adapter to the poll that its `polls` names: changes the model and the rules, and appends
-    // what happened to `pending`.
+    // what happened to `pending`. One that throws has changed nothing, and is asked again.
     virtual void beginPoll(unsigned int index, PlayedAdapter& adapter) = 0;
     // The last poll at which something is planned; 0 when nothing is.
     virtual unsigned int lastPoll() const = 0;

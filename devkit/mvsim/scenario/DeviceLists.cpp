@@ -56,43 +56,46 @@ std::uint16_t counted(std::uint16_t first, std::size_t step, const std::string& 
     return static_cast<std::uint16_t>(first + step);
 }
 
+// What a list of devices has given away so far.
+struct Taken {
+    std::set<std::uint16_t> ids;
+    std::set<std::uint16_t> numbers; // of present devices
+};
+
 // Appends a device, or several alike with numbers that count up.
 template <class Device>
-void addDevices(StrictObject& object, std::uint16_t id, const Device& model, std::vector<Device>& devices)
+void addDevices(StrictObject& object, std::uint16_t id, const Device& model, std::vector<Device>& devices,
+                Taken& taken)
 {
     const std::uint16_t repeats = object.number<std::uint16_t>("repeat", 1).value_or(1);
     const bool gone = object.flag("gone").value_or(false);
     object.finish();
-    std::set<std::uint16_t> ids;
-    std::set<std::uint16_t> numbers;
-    for (const Device& other : devices) {
-        ids.insert(idOf(other));
-        if (other.present)
-            numbers.insert(numberOf(other));
-    }
     for (std::size_t i = 0; i < repeats; ++i) {
         Device device = model;
         device.present = !gone;
         setNumbers(device, counted(id, i, object.place("id")),
                    counted(numberOf(model), i, object.place(numberKey(model))));
-        if (!ids.insert(idOf(device)).second) {
+        if (taken.ids.count(idOf(device)) != 0) {
             throw FormatError(object.place("id"), "an id that no other device has",
                               std::to_string(idOf(device)));
         }
-        if (device.present && !numbers.insert(numberOf(device)).second)
+        if (device.present && taken.numbers.count(numberOf(device)) != 0)
             refuseNumber(device, object);
-        patchRecords(object, device);
+        patchRecords(object, device); // numbers too
+        taken.ids.insert(idOf(device));
+        if (device.present)
+            taken.numbers.insert(numberOf(device));
         devices.push_back(device);
     }
 }
 
-void readNewDisk(StrictObject& object, std::vector<Disk>& disks)
+void readNewDisk(StrictObject& object, std::vector<Disk>& disks, Taken& taken)
 {
     Disk disk;
     const std::uint16_t id = object.needed("id", object.number<std::uint16_t>("id"));
     readDisk(object, disk);
     object.needed("slot", object.number<std::uint16_t>("slot"));
-    addDevices(object, id, disk, disks);
+    addDevices(object, id, disk, disks, taken);
 }
 
 // The members are for the reader of the scenario; they are checked to be disks of the adapter.
@@ -113,14 +116,14 @@ void checkMembers(StrictObject& object, const std::vector<Disk>& disks)
     }
 }
 
-void readNewVirtualDisk(StrictObject& object, Adapter& adapter)
+void readNewVirtualDisk(StrictObject& object, Adapter& adapter, Taken& taken)
 {
     VirtualDisk drive;
     const std::uint16_t id = object.needed("id", object.number<std::uint16_t>("id"));
     drive.config.LogicalDriveNumber = id;
     readVirtualDisk(object, drive);
     checkMembers(object, adapter.disks);
-    addDevices(object, id, drive, adapter.virtualDisks);
+    addDevices(object, id, drive, adapter.virtualDisks, taken);
 }
 
 template <class Device>
@@ -158,8 +161,10 @@ void changeList(StrictObject& object, const char* key, std::vector<Device>& devi
 
 void readDevices(StrictObject& object, Adapter& adapter)
 {
-    object.each("disks", [&adapter](StrictObject& disk) { readNewDisk(disk, adapter.disks); });
-    object.each("virtualDisks", [&adapter](StrictObject& drive) { readNewVirtualDisk(drive, adapter); });
+    Taken disks;
+    Taken drives;
+    object.each("disks", [&](StrictObject& disk) { readNewDisk(disk, adapter.disks, disks); });
+    object.each("virtualDisks", [&](StrictObject& drive) { readNewVirtualDisk(drive, adapter, drives); });
 }
 
 void changeDevices(StrictObject& object, Adapter& adapter)

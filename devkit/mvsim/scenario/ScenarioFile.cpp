@@ -5,10 +5,11 @@
 #include "mvsim/scenario/ScenarioReader.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <set>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace mvsim
 {
@@ -36,69 +37,99 @@ std::string readWhole(const std::string& file)
     }
 }
 
-// Watches the parser for keys that stand twice in one object, of which a JSON value keeps only one, and for
-// more brackets and values than memory has room for.
-class ParserWatch
+// Builds a document of what the parser tells it. Unlike the parser's own builder it refuses keys that stand
+// twice in one object, and more brackets and values than memory has room for, and leaves nothing behind that
+// takes memory to go.
+class DocumentBuilder
 {
   public:
-    bool operator()(int, Json::parse_event_t event, Json& parsed)
+    bool null() { return add(nullptr); }
+    bool boolean(bool value) { return add(value); }
+    bool number_integer(std::int64_t value) { return add(value); }
+    bool number_unsigned(std::uint64_t value) { return add(value); }
+    bool number_float(double value, const std::string&) { return add(value); }
+    bool string(std::string& text) { return add(std::move(text)); }
+    bool binary(Json::binary_t&) { return false; } // not in texts
+    bool start_object(std::size_t) { return open(Json::object()); }
+    bool start_array(std::size_t) { return open(Json::array()); }
+    bool end_object() { return close(); }
+    bool end_array() { return close(); }
+    bool key(std::string& key)
     {
-        using Event = Json::parse_event_t;
-        if (++m_values > MOST_VALUES)
-            throw FormatError(place(), "at most " + std::to_string(MOST_VALUES) + " keys and values", "more");
-        switch (event) {
-        case Event::object_start:
-        case Event::array_start:
-            nextElement();
-            if (m_levels.size() == MOST_LEVELS)
-                throw FormatError(place(),
-                                  "at most " + std::to_string(MOST_LEVELS) + " brackets within each other",
-                                  "more");
-            m_levels.push_back({event == Event::array_start, 0, {}, {}});
-            break;
-        case Event::object_end:
-        case Event::array_end:
-            m_levels.pop_back();
-            break;
-        case Event::key:
-            m_levels.back().key = parsed.get<std::string>();
-            if (!m_levels.back().keys.insert(m_levels.back().key).second)
-                throw FormatError(place(), "each key once", "it twice");
-            break;
-        case Event::value:
-            nextElement();
-            break;
-        }
+        Level& level = m_levels.back();
+        level.key = std::move(key);
+        if (level.container->contains(level.key))
+            throw FormatError(place(), "each key once", "it twice");
+        count();
         return true;
     }
+    template <class Error>
+    bool parse_error(std::size_t, const std::string&, const Error& error)
+    {
+        throw Error(error);
+    }
 
-    // Of what the parser is at.
+    // Of the value that comes next.
     std::string place() const
     {
         std::string text;
-        for (const Level& level : m_levels)
-            text = level.inList ? placeBelow(text, level.next - 1) : placeBelow(text, level.key);
+        for (const Level& level : m_levels) {
+            const bool inner = &level != &m_levels.back(); // stands in its container already
+            text = level.container->is_array() ? placeBelow(text, level.container->size() - (inner ? 1 : 0))
+                                               : placeBelow(text, level.key);
+        }
         return text;
     }
+    Document take() { return std::move(m_document); }
 
   private:
     static constexpr std::size_t MOST_LEVELS = 32; // a scenario has 7
     static constexpr std::size_t MOST_VALUES = 5000000;
 
     struct Level {
-        bool inList;
-        std::size_t next;
+        Json* container;
         std::string key;
-        std::set<std::string> keys;
     };
 
-    void nextElement()
+    void count()
     {
-        if (!m_levels.empty() && m_levels.back().inList)
-            ++m_levels.back().next;
+        if (++m_values > MOST_VALUES)
+            throw FormatError(place(), "at most " + std::to_string(MOST_VALUES) + " keys and values", "more");
     }
+    // True, so that the parser goes on.
+    bool add(Json value)
+    {
+        put(std::move(value));
+        return true;
+    }
+    Json& put(Json value)
+    {
+        count();
+        if (m_levels.empty())
+            return m_document.root = std::move(value);
+        const Level& level = m_levels.back();
+        if (level.container->is_object())
+            return (*level.container)[level.key] = std::move(value);
+        level.container->push_back(std::move(value));
+        return level.container->back();
+    }
+    bool open(Json container)
+    {
+        if (m_levels.size() == MOST_LEVELS)
+            throw FormatError(
+                place(), "at most " + std::to_string(MOST_LEVELS) + " brackets within each other", "more");
+        m_levels.push_back({&put(std::move(container)), {}});
+        return true;
+    }
+    bool close()
+    {
+        m_levels.pop_back();
+        return true;
+    }
+
+    Document m_document;
     std::vector<Level> m_levels;
-    std::size_t m_values = 0; // keys and ends of brackets count too
+    std::size_t m_values = 0;
 };
 
 std::string lineAndColumn(const std::string& text, std::size_t byte)
@@ -111,18 +142,19 @@ std::string lineAndColumn(const std::string& text, std::size_t byte)
     return std::to_string(line) + ":" + std::to_string(column);
 }
 
-Json parseStrictly(const std::string& text)
+Document parseStrictly(const std::string& text)
 {
-    ParserWatch watch;
+    DocumentBuilder builder;
     try {
-        return Json::parse(text, std::ref(watch));
+        Json::sax_parse(text, &builder);
+        return builder.take();
     } catch (const Json::parse_error& error) {
         const std::string reason = error.what();
         const std::size_t start = reason.find(": ", reason.find("column"));
         throw FormatError(lineAndColumn(text, error.byte), "valid JSON",
                           start == std::string::npos ? reason : reason.substr(start + 2));
     } catch (const Json::out_of_range&) {
-        throw FormatError(watch.place(), "a number that 64 bits can hold", "a larger one");
+        throw FormatError(builder.place(), "a number that 64 bits can hold", "a larger one");
     }
 }
 
@@ -131,7 +163,7 @@ Json parseStrictly(const std::string& text)
 Scenario loadScenarioFile(const std::string& file)
 {
     try {
-        return readScenario(Document(parseStrictly(readWhole(file))));
+        return readScenario(parseStrictly(readWhole(file)));
     } catch (const FormatError& error) {
         throw std::runtime_error(file + ": " + devkit::escaped(error.what()));
     }

@@ -31,10 +31,17 @@ std::vector<PlayedAdapter> ScenarioSource::adapters()
 
 void ScenarioSource::beginPoll(unsigned int index, PlayedAdapter& adapter)
 {
+    const auto isDue = [index, &adapter](const TimelineStep& step) {
+        return step.adapter == index && step.poll == adapter.polls;
+    };
+    if (std::none_of(m_scenario.timeline.begin(), m_scenario.timeline.end(), isDue))
+        return;
+    PlayedAdapter next = adapter; // for want of memory a step is not made, rather than in part
     std::size_t eventsLeft = MOST_EVENTS;
     for (const TimelineStep& step : m_scenario.timeline)
-        if (step.adapter == index && step.poll == adapter.polls)
-            makeStep({m_scenario.changes.root[step.change], ""}, adapter, eventsLeft);
+        if (isDue(step))
+            makeStep({m_scenario.changes.root[step.change], ""}, next, eventsLeft);
+    adapter = std::move(next);
 }
 
 unsigned int ScenarioSource::lastPoll() const
