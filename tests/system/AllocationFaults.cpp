@@ -14,6 +14,7 @@ std::atomic<bool> g_watching{false};
 thread_local bool t_inHook = false;
 std::mutex g_mutex;
 Outcome* g_outcome = nullptr;
+Caller g_caller = Caller::Plugin;
 unsigned int g_firstDoomed = 0;
 unsigned int g_lastDoomed = 0;
 std::uint32_t g_depth = 1; // of the chains kept with memory
@@ -32,14 +33,15 @@ void* watched(Allocate allocate)
         return allocate();
     t_inHook = true;
     void* memory = nullptr;
-    if (const CallChain chain = CallChain::here(g_depth); chain.size == 0)
+    if (const CallChain chain = CallChain::here(g_depth, g_caller); chain.size == 0)
         memory = allocate();
     else {
         const std::lock_guard<std::mutex> lock(g_mutex);
         const unsigned int place = ++g_outcome->places;
         if (place >= g_firstDoomed && place <= g_lastDoomed)
-            g_outcome->struck[g_outcome->strikes++ % Outcome::KEPT] = CallChain::here(CallChain::WHOLE);
-        else if ((memory = allocate()) != nullptr)
+            g_outcome->struck[g_outcome->strikes++ % Outcome::KEPT] =
+                CallChain::here(CallChain::WHOLE, g_caller);
+        else if ((memory = allocate()) != nullptr && g_caller == Caller::Plugin)
             held()[memory] = chain;
     }
     t_inHook = false;
@@ -139,6 +141,7 @@ __attribute__((visibility("default"))) void free(void* memory)
 void AllocationFaults::begin(Outcome& outcome)
 {
     g_outcome = &outcome;
+    g_caller = m_caller;
     g_firstDoomed = m_nth;
     g_lastDoomed = m_forGood && m_nth != 0 ? ~0U : m_nth;
     g_depth = m_wholeChains ? CallChain::WHOLE : 1;

@@ -4,14 +4,14 @@
 
 #include "system/StandardRun.h"
 
-// Of the plug-in's allocations the nth (from 1) fails, and with `forGood` all behind it; none for 0. In a
-// program with sanitizers only those by new. To tell whole call chains for memory that was not freed takes
-// four times as long as to tell the last call.
+// Of the allocations that the plug-in makes, or stand-ins for it, the nth (from 1) fails, and with `forGood`
+// all behind it; none for 0. In a program with sanitizers only those by new. To tell whole call chains for
+// memory that was not freed takes four times as long as to tell the last call.
 class AllocationFaults : public IFaultPlan
 {
   public:
-    AllocationFaults(unsigned int nth, bool forGood, bool wholeChains)
-        : m_nth(nth), m_forGood(forGood), m_wholeChains(wholeChains)
+    AllocationFaults(Caller caller, unsigned int nth, bool forGood, bool wholeChains)
+        : m_caller(caller), m_nth(nth), m_forGood(forGood), m_wholeChains(wholeChains)
     {
     }
     void begin(Outcome& outcome) override;
@@ -19,6 +19,7 @@ class AllocationFaults : public IFaultPlan
     void end() override;
 
   private:
+    Caller m_caller;
     unsigned int m_nth;
     bool m_forGood;
     bool m_wholeChains;

@@ -13,16 +13,15 @@ namespace
 {
 
 // Passed over in a chain are all others: the C and the C++ library.
-enum class Kind { Plugin, Program, Other };
 struct Library {
     const char* name; // a part of its file's name; the program has none
-    Kind kind;
+    Caller kind;
     std::uintptr_t base, end;
 };
 Library g_libraries[] = {
-    {"libpld_sm_zarnek.so", Kind::Plugin, 0, 0}, {"", Kind::Program, 0, 0},
-    {"libmorlan.so", Kind::Other, 0, 0},         {"libpld_sm_ral.so", Kind::Other, 0, 0},
-    {"libmvsim.so", Kind::Other, 0, 0},          {"ld-linux", Kind::Other, 0, 0},
+    {"libpld_sm_zarnek.so", Caller::Plugin, 0, 0}, {"", Caller::Program, 0, 0},
+    {"libmorlan.so", Caller::StandIn, 0, 0},       {"libpld_sm_ral.so", Caller::StandIn, 0, 0},
+    {"libmvsim.so", Caller::StandIn, 0, 0},        {"ld-linux", Caller::Loader, 0, 0},
 };
 
 int noteLibrary(dl_phdr_info* info, std::size_t /*size*/, void* /*data*/)
@@ -42,6 +41,7 @@ int noteLibrary(dl_phdr_info* info, std::size_t /*size*/, void* /*data*/)
 
 struct Walk {
     std::uint32_t depth;
+    Caller caller;
     CallChain chain{};
     bool callerFound = false;
     bool leftProgram = false; // the frames of the hook itself lie in the program
@@ -54,15 +54,15 @@ _Unwind_Reason_Code noteFrame(_Unwind_Context* context, void* argument)
     const Library* library = nullptr;
     for (const Library& candidate : g_libraries)
         library = address >= candidate.base && address < candidate.end ? &candidate : library;
-    const bool inProgram = library != nullptr && library->kind == Kind::Program;
+    const bool inProgram = library != nullptr && library->kind == Caller::Program;
     walk.leftProgram |= !inProgram;
     if (library == nullptr || !walk.leftProgram)
         return _URC_NO_REASON;
-    if (library->kind == Kind::Plugin)
-        walk.chain.offsets[walk.chain.size++] = static_cast<std::uint32_t>(address - library->base);
-    else if (!walk.callerFound)
+    if (!walk.callerFound && library->kind != walk.caller)
         return _URC_END_OF_STACK;
     walk.callerFound = true;
+    if (library->kind == Caller::Plugin)
+        walk.chain.offsets[walk.chain.size++] = static_cast<std::uint32_t>(address - library->base);
     return walk.chain.size < walk.depth ? _URC_NO_REASON : _URC_END_OF_STACK;
 }
 
@@ -83,9 +83,9 @@ void CallChain::findLibraries()
     dl_iterate_phdr(noteLibrary, nullptr);
 }
 
-CallChain CallChain::here(std::uint32_t depth)
+CallChain CallChain::here(std::uint32_t depth, Caller caller)
 {
-    Walk walk{depth};
+    Walk walk{depth, caller};
     _Unwind_Backtrace(noteFrame, &walk);
     return walk.chain;
 }

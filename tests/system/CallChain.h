@@ -7,14 +7,15 @@
 #include <map>
 #include <string>
 
+enum class Caller { Plugin, StandIn, Program, Loader };
+
 // Plain data, so that it can be handed from one process to another. The innermost call comes first.
 struct CallChain {
     static constexpr std::uint32_t WHOLE = 64;
 
-    // The innermost `depth` calls up to here; empty where it was not the plug-in that called into the library
-    // at the top of the chain, but another library around it or the program itself. May run in place of
-    // malloc.
-    static CallChain here(std::uint32_t depth);
+    // The innermost `depth` calls up to here; empty where it was not `caller` that called into the library at
+    // the top of the chain, or not for the plug-in. May run in place of malloc.
+    static CallChain here(std::uint32_t depth, Caller caller);
     // Looks where the libraries are loaded now. Called after each load of the plug-in.
     static void findLibraries();
 

@@ -21,6 +21,9 @@ class IFaultPlan
 class StandardRun
 {
   public:
+    // The fault that is none where a call was to give something back.
+    static constexpr char HELD[] = "the stand-ins hold [^\n]*\n";
+
     StandardRun();
 
     void disturbed(IFaultPlan& plan, Outcome& outcome);
