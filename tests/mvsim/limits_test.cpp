@@ -100,38 +100,30 @@ TEST_F(LimitsTest, ATimelineTakesTheRoomOfItsChangesAndStartsOver)
     }
 }
 
-// Each allocation of `call()` fails in its turn; `judge(status)` sees what comes of it.
-template <class Call, class Judge>
-void withoutMemory(Call call, Judge judge)
-{
-    for (int nth = 1, left = 0; left <= 0; ++nth) {
-        g_left = nth;
-        const unsigned int status = call();
-        left = g_left.exchange(0);
-        judge(status);
-    }
-}
-
+// Each allocation fails in its turn, until there are no more.
 TEST_F(LimitsTest, WantOfMemoryRefusesAScenarioAndPutsAStepOff)
 {
+    const std::string file = m_folder.path("scenario.json");
     m_folder.write("scenario.json",
                    FRAME + std::string(R"({"slot": 0, "maxBufferKB": 64, "disks": [{"id": 1, "slot": 1}]}],
         "timeline": [{"poll": 1, "disks": [{"id": 1, "raidStatus": 4}], "events": [{"code": "diskFailed", "repeat": 50}]}]})"));
-    const std::string file = m_folder.path("scenario.json");
     std::array<char, 200> message{};
-    withoutMemory([&] { return mvsim_load_scenario(file.c_str(), message.data(), message.size()) + 0U; },
-                  [&](unsigned int status) {
-                      EXPECT_EQ(message.data(),
-                                status == 0 ? "" : file + ": takes more memory than there is");
-                  });
+    for (int nth = 1, left = 0; left <= 0; ++nth) {
+        g_left = nth;
+        const int status = mvsim_load_scenario(file.c_str(), message.data(), message.size());
+        left = g_left.exchange(0);
+        EXPECT_EQ(message.data(), status == 0 ? "" : file + ": takes more memory than there is");
+    }
     std::array<_Event, MV_MAX_EVENTS> events{};
-    unsigned int count = 0;
     unsigned int delivered = 0;
-    withoutMemory([&] { return MV_EVT_GetEvent(0, MV_MAX_EVENTS, &count, events.data()); },
-                  [&](unsigned int status) {
-                      EXPECT_EQ(diskStatus(1), mvsim_polls() != 0 ? 4U : 0U) << status;
-                      delivered += status == MV_ERR_NONE ? count : 0;
-                  });
+    for (int nth = 1, left = 0; left <= 0; ++nth) {
+        unsigned int count = 0;
+        g_left = nth;
+        MV_EVT_GetEvent(0, MV_MAX_EVENTS, &count, events.data());
+        left = g_left.exchange(0);
+        EXPECT_EQ(diskStatus(1), mvsim_polls() != 0 ? 4U : 0U);
+        delivered += count;
+    }
     EXPECT_EQ(delivered, 50U);
 }
 
