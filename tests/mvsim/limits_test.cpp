@@ -4,20 +4,22 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace
 {
 
 std::atomic<std::size_t> g_taken{0}; // bytes of all allocations
-std::atomic<int> g_left{0};          // the one that counts it down to 0 fails
+constexpr int ALL = std::numeric_limits<int>::max();
+std::atomic<int> g_left{ALL}; // allocations until there is no more memory
 
 } // namespace
 
 void* operator new(std::size_t size, const std::nothrow_t& /*form*/) noexcept
 {
     g_taken += size;
-    return --g_left == 0 ? nullptr : std::malloc(size);
+    return --g_left < 0 ? nullptr : std::malloc(size);
 }
 void* operator new(std::size_t size)
 {
@@ -100,7 +102,7 @@ TEST_F(LimitsTest, ATimelineTakesTheRoomOfItsChangesAndStartsOver)
     }
 }
 
-// Each allocation fails in its turn, until there are no more.
+// With a little more memory each time, until it is enough.
 TEST_F(LimitsTest, WantOfMemoryRefusesAScenarioAndPutsAStepOff)
 {
     const std::string file = m_folder.path("scenario.json");
@@ -108,19 +110,19 @@ TEST_F(LimitsTest, WantOfMemoryRefusesAScenarioAndPutsAStepOff)
                    FRAME + std::string(R"({"slot": 0, "maxBufferKB": 64, "disks": [{"id": 1, "slot": 1}]}],
         "timeline": [{"poll": 1, "disks": [{"id": 1, "raidStatus": 4}], "events": [{"code": "diskFailed", "repeat": 50}]}]})"));
     std::array<char, 200> message{};
-    for (int nth = 1, left = 0; left <= 0; ++nth) {
-        g_left = nth;
+    for (int enough = 0, left = -1; left < 0; ++enough) {
+        g_left = enough;
         const int status = mvsim_load_scenario(file.c_str(), message.data(), message.size());
-        left = g_left.exchange(0);
+        left = g_left.exchange(ALL);
         EXPECT_EQ(message.data(), status == 0 ? "" : file + ": takes more memory than there is");
     }
     std::array<_Event, MV_MAX_EVENTS> events{};
     unsigned int delivered = 0;
-    for (int nth = 1, left = 0; left <= 0; ++nth) {
+    for (int enough = 0, left = -1; left < 0; ++enough) {
         unsigned int count = 0;
-        g_left = nth;
+        g_left = enough;
         MV_EVT_GetEvent(0, MV_MAX_EVENTS, &count, events.data());
-        left = g_left.exchange(0);
+        left = g_left.exchange(ALL);
         EXPECT_EQ(diskStatus(1), mvsim_polls() != 0 ? 4U : 0U);
         delivered += count;
     }
