@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdio>
 #include <stdexcept>
 #include <utility>
 
@@ -34,6 +35,17 @@ std::uint16_t bufferFor(const Adapter& adapter)
     return static_cast<std::uint16_t>((needed / (BUFFER_STEP_KB * 1024) + 1) * BUFFER_STEP_KB);
 }
 
+// To as many as the adapter's answers hold.
+template <class Seen>
+void cut(std::vector<Seen>& devices, const char* noun)
+{
+    if (devices.size() <= MOST_DEVICES)
+        return;
+    std::fprintf(stderr, "mvsim: the machine has %zu %s, of which the first %zu are shown\n", devices.size(),
+                 noun, MOST_DEVICES);
+    devices.resize(MOST_DEVICES);
+}
+
 } // namespace
 
 LiveSource::LiveSource(const std::string& sysfsRoot, const std::string& stateFile) : m_root(sysfsRoot)
@@ -47,8 +59,8 @@ LiveSource::LiveSource(const std::string& sysfsRoot, const std::string& stateFil
 SeenMachine LiveSource::look()
 {
     SeenMachine machine = judgeArrays(probeDisks(m_root), probeArrays(m_root));
-    machine.disks.resize(std::min(machine.disks.size(), MOST_DEVICES));
-    machine.arrays.resize(std::min(machine.arrays.size(), MOST_DEVICES));
+    cut(machine.disks, "disks");
+    cut(machine.arrays, "arrays");
     m_twins.tellApart(machine.disks);
     for (SeenDisk& disk : machine.disks) {
         const std::uint16_t number = m_diskNumbers.numberOf(disk.identity);

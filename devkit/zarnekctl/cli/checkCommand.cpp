@@ -1,5 +1,6 @@
 #include "zarnekctl/cli/Commands.h"
 
+#include "common/Utf8.h"
 #include "zarnekctl/config/ConfigCheck.h"
 #include "zarnekctl/host/VendorLibrary.h"
 
@@ -17,9 +18,9 @@ ExitStatus checkCommand(const Options& options, const Installation& installation
     const ConfigCheck check(config, plugin, VendorLibrary::probeIn(plugin.parent_path()));
     const auto lines = check.lines();
     for (const std::string& line : lines)
-        std::cout << line << '\n';
+        std::cout << devkit::escaped(line) << '\n';
     if (lines.empty())
-        std::cout << config.path().string() << ": nothing wrong with "
+        std::cout << devkit::escaped(config.path().string()) << ": nothing wrong with "
                   << config.privateIni().filename().string() << " and "
                   << config.mapping().filename().string() << '\n';
     return check.worst() < Effect::NoMonitoring ? ExitStatus::Done : ExitStatus::BadInput;

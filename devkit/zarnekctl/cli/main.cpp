@@ -1,4 +1,5 @@
 // zarnekctl: a data engine's part in one process, for demonstrations and tests of the storage plug-in.
+#include "common/Utf8.h"
 #include "zarnekctl/cli/CommandLine.h"
 #include "zarnekctl/cli/Commands.h"
 #include "zarnekctl/config/Failure.h"
@@ -49,12 +50,12 @@ int runProgram(int argc, const char* const* argv)
         return exitCode(isOutputWhole() ? status : ExitStatus::PluginFailed);
     } catch (const Failure& failure) {
         std::cout << std::flush;
-        std::cerr << "zarnekctl: " << failure.what() << '\n';
+        std::cerr << "zarnekctl: " << devkit::escaped(failure.what()) << '\n';
         for (const std::string& line : failure.log())
-            std::cerr << "  " << line << '\n';
+            std::cerr << "  " << devkit::escaped(line) << '\n';
         return exitCode(failure.status());
     } catch (const std::exception& exception) {
-        std::cerr << "zarnekctl: " << exception.what() << '\n';
+        std::cerr << "zarnekctl: " << devkit::escaped(exception.what()) << '\n';
         return exitCode(ExitStatus::PluginFailed);
     }
 }

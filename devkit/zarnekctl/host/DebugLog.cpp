@@ -57,22 +57,14 @@ void DebugLog::add(const char* text)
     if (const auto reason = refusalIn(line)) {
         ++m_refusals.count;
         m_refusals.reasons.insert(devkit::escaped(*reason));
-        m_refusals.lastLines = escapedLast();
+        m_refusals.lastLines.assign(m_last.begin(), m_last.end());
     }
 }
 
 std::vector<std::string> DebugLog::lastLines() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return escapedLast();
-}
-
-std::vector<std::string> DebugLog::escapedLast() const
-{
-    std::vector<std::string> lines;
-    for (const std::string& line : m_last)
-        lines.push_back(devkit::escaped(line));
-    return lines;
+    return {m_last.begin(), m_last.end()};
 }
 
 Refusals DebugLog::takeRefusals()

@@ -38,12 +38,10 @@ class DebugLog
     Refusals takeRefusals();
 
   private:
-    std::vector<std::string> escapedLast() const; // needs the lock
-
     bool m_echo;
     Trace& m_trace;
     mutable std::mutex m_mutex;
-    std::deque<std::string> m_last; // as they came; hardly ever does anybody read them
+    std::deque<std::string> m_last;
     Refusals m_refusals;
 };
 

@@ -1,6 +1,5 @@
 #include "zarnekctl/host/EngineHost.h"
 
-#include "common/Utf8.h"
 #include "common/text.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
@@ -65,7 +64,7 @@ fs::path scenarioFile(const std::string& named, const Installation& installation
     std::string names;
     for (const std::string& name : installation.shippedScenarios())
         names += (names.empty() ? "; shipped are " : ", ") + name;
-    throw Failure(ExitStatus::BadInput, devkit::escaped(named) + ": no such scenario file" + names);
+    throw Failure(ExitStatus::BadInput, named + ": no such scenario file" + names);
 }
 
 } // namespace
