@@ -3,9 +3,9 @@
 #include "common/Utf8.h"
 #include "common/text.h"
 
-#include <cstring>
 #include <iostream>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace zarnekctl
@@ -15,20 +15,20 @@ namespace
 {
 
 constexpr std::size_t REMEMBERED = 10;
-constexpr const char* REFUSAL_MARK = "mvErrorDisplay() FAILED: ";
+constexpr std::string_view REFUSAL_MARK = "mvErrorDisplay() FAILED: ";
 
-bool endsWith(const std::string& text, const std::string& end)
+bool endsWith(std::string_view text, std::string_view end)
 {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
 // What the line gives as the reason of a refused call; nothing for any other line.
-std::optional<std::string> refusalIn(const std::string& line)
+std::optional<std::string_view> refusalIn(std::string_view line)
 {
     const std::size_t mark = line.find(REFUSAL_MARK);
-    if (mark == std::string::npos)
+    if (mark == std::string_view::npos)
         return std::nullopt;
-    const std::string reason = line.substr(mark + std::strlen(REFUSAL_MARK));
+    const std::string_view reason = line.substr(mark + REFUSAL_MARK.size());
     return reason.substr(0, reason.find_last_not_of(' ') + 1);
 }
 
@@ -45,13 +45,13 @@ std::string describe(const Refusals& refusals)
 void DebugLog::add(const char* text)
 {
     m_trace.line("log", text);
-    const std::string line = text;
+    const std::string_view line = text;
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_echo)
         std::cerr << devkit::escaped(line) << '\n';
     if (endsWith(line, " ENTRY ") || endsWith(line, " EXIT "))
         return;
-    m_last.push_back(line);
+    m_last.emplace_back(line);
     if (m_last.size() > REMEMBERED)
         m_last.pop_front();
     if (const auto reason = refusalIn(line)) {

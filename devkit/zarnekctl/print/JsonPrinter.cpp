@@ -32,11 +32,12 @@ constexpr int INDENT = 2;
 // As it stands two levels deep in a document.
 std::string dumpBelow(const Json& json)
 {
+    const std::string text = json.dump(INDENT);
     std::string lines;
-    for (const char character : '\n' + json.dump(INDENT)) {
-        lines += character;
-        if (character == '\n')
-            lines += "    ";
+    for (std::size_t begin = 0, end = 0; end != std::string::npos; begin = end + 1) {
+        end = text.find('\n', begin);
+        lines += "\n    ";
+        lines.append(text, begin, end - begin);
     }
     return lines;
 }
