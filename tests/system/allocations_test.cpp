@@ -60,8 +60,7 @@ struct Sweep {
 const Sweep SWEEPS[] = {
     {"Once", Caller::Plugin, false, DENSE},
     {"ForGood", Caller::Plugin, true, SPARSE},
-    {"OfStandInsOnce", Caller::StandIn, false, SPARSE},
-    {"OfStandInsForGood", Caller::StandIn, true, SPARSE},
+    {"OfStandIns", Caller::StandIn, false, SPARSE},
 };
 
 void PrintTo(const Sweep& sweep, std::ostream* stream)

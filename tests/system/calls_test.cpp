@@ -113,11 +113,10 @@ TEST_P(CallsTest, AFailureIsPassedOver)
 {
     m_run.expectUndisturbed(m_fork);
     const unsigned int places = run(0, false).places;
-    constexpr unsigned int MANY = 1000;
     unsigned int runs = 0;
     for (const bool forGood : {false, true}) {
         for (unsigned int nth = 1; nth <= places;
-             nth += (forGood || places > MANY) && !longForm() ? SPARSE : DENSE) {
+             nth += (forGood || places > 1000) && !longForm() ? SPARSE : DENSE) {
             SCOPED_TRACE("call " + std::to_string(nth) + (forGood ? " and all behind it" : ""));
             const Outcome outcome = run(nth, forGood);
             ++runs;
