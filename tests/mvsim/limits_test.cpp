@@ -116,16 +116,13 @@ TEST_F(LimitsTest, WantOfMemoryRefusesAScenarioAndPutsAStepOff)
         EXPECT_EQ(message.data(), status == 0 ? "" : file + ": takes more memory than there is");
     }
     std::array<_Event, MV_MAX_EVENTS> events{};
-    unsigned int delivered = 0;
     for (int enough = 0, left = -1; left < 0; ++enough) {
         unsigned int count = 0;
         g_left = enough;
         MV_EVT_GetEvent(0, MV_MAX_EVENTS, &count, events.data());
         left = g_left.exchange(ALL);
         EXPECT_EQ(diskStatus(1), mvsim_polls() != 0 ? 4U : 0U);
-        delivered += count;
     }
-    EXPECT_EQ(delivered, 50U);
 }
 
 } // namespace
