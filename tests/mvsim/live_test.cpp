@@ -1,6 +1,7 @@
 // The live source against captured machines: sysfs trees built in a folder, and changed between polls. The
 // stories in live/ are played line by line; what comes of a line follows it behind a ">".
 #include "mvsim/SimTest.h"
+#include "mvsim/SysfsTree.h"
 
 #include <sstream>
 
@@ -18,29 +19,10 @@ std::string text(const char (&field)[N])
 class LiveTest : public SimTest
 {
   protected:
-    LiveTest() { fs::create_directories(m_folder.path("sys/block")); }
-
-    // Files below a folder of sysfs, with semicolons between: `name=content`, or `name -> target` for a link.
-    void put(const std::string& folder, const std::string& files) const
-    {
-        std::istringstream stream(files);
-        for (std::string file; std::getline(stream, file, ';');) {
-            const std::size_t equals = file.find('=');
-            const std::size_t arrow = file.find(" -> ");
-            const fs::path path =
-                m_folder.path("sys/" + folder + "/" + file.substr(0, std::min(equals, arrow)));
-            fs::create_directories(path.parent_path());
-            if (arrow != std::string::npos)
-                fs::create_directory_symlink(file.substr(arrow + 4), path);
-            else
-                std::ofstream(path) << file.substr(equals + 1) << '\n';
-        }
-    }
-    void remove(const std::string& name) const { fs::remove_all(m_folder.path("sys/" + name)); }
     void loadLive(const char* stateFile = nullptr) const
     {
         std::array<char, 300> message{};
-        ASSERT_EQ(mvsim_load_live(m_folder.path("sys").c_str(), stateFile, message.data(), message.size()), 0)
+        ASSERT_EQ(mvsim_load_live(m_tree.root().c_str(), stateFile, message.data(), message.size()), 0)
             << message.data();
     }
 
@@ -84,14 +66,12 @@ class LiveTest : public SimTest
         return lines;
     }
 
-    // Demands that a story comes out as it is written: `in` names the folder of the files behind it, `drop`
-    // takes something away, `load` shows the virtual disks and `poll` the events, and all else is put.
-    void expectStory(const std::string& name) const
+    // Demands that a story comes out as it is written: `load` shows the virtual disks and `poll` the events.
+    void expectStory(const std::string& name)
     {
         const std::string story = TempFolder::readFile(std::string(MVSIM_TESTS_FOLDER "/live/") + name);
         std::istringstream lines(story);
         std::string told;
-        std::string folder;
         for (std::string line; std::getline(lines, line);) {
             if (line.rfind("> ", 0) == 0)
                 continue;
@@ -102,12 +82,8 @@ class LiveTest : public SimTest
                 shown = drives();
             } else if (line == "disks" || line == "drives" || line == "poll") {
                 shown = line == "disks" ? disks() : line == "drives" ? drives() : poll();
-            } else if (line.rfind("in ", 0) == 0) {
-                folder = line.substr(3);
-            } else if (line.rfind("drop ", 0) == 0) {
-                remove(line.substr(5));
-            } else if (!line.empty() && line.front() != '#') {
-                put(folder, line);
+            } else {
+                m_tree.perform(line);
             }
             for (const std::string& result : shown)
                 told += "> " + result + "\n";
@@ -116,14 +92,15 @@ class LiveTest : public SimTest
     }
 
     TempFolder m_folder;
+    SysfsTree m_tree{m_folder.path("sys")};
 };
 
 TEST_F(LiveTest, DisksFromEveryPlace)
 {
     // Texts are filled up with blanks, and page 0x80 tells its length ahead of the serial number.
-    put("devices/pci0000:00/0000:00:1f.2/ata3/host0/target0:0:0/0:0:0:0",
-        "vendor=ATA     ;model=KORVAL H4T72    ;vpd_pg80=" + std::string("\0\x80\0\x10", 4) +
-            "        5A01  ");
+    m_tree.put("devices/pci0000:00/0000:00:1f.2/ata3/host0/target0:0:0/0:0:0:0",
+               "vendor=ATA     ;model=KORVAL H4T72    ;vpd_pg80=" + std::string("\0\x80\0\x10", 4) +
+                   "        5A01  ");
     expectStory("disks.txt");
     const auto sas = list(&MV_PD_GetHDInfo_Ext).entry<_HD_Info>(1);
     EXPECT_EQ(std::string(sas.SASAddress, sizeof sas.SASAddress),
@@ -143,13 +120,13 @@ TEST_F(LiveTest, SequenceOutlivesTheProcess)
     fs::create_directory(m_folder.path("kept"));
     const std::string state = m_folder.path("kept/sequence");
     const std::string disk = "size=2048;device/model=PLAIN;device/serial=";
-    put("block/sda", disk + "a");
+    m_tree.put("block/sda", disk + "a");
     // Loads, makes two events, and gives the second.
     const auto comeAndGo = [&] {
         loadLive(state.c_str());
-        remove("block/sdb");
+        m_tree.perform("drop block/sdb");
         poll();
-        put("block/sdb", disk + "b");
+        m_tree.put("block/sdb", disk + "b");
         return poll().at(0);
     };
     EXPECT_EQ(comeAndGo(), "1: diskInserted 1") << "there was none to go";
@@ -159,9 +136,9 @@ TEST_F(LiveTest, SequenceOutlivesTheProcess)
     loadLive(state.c_str());
     fs::rename(m_folder.path("kept"), m_folder.path("moved"));
     fs::create_directory(m_folder.path("kept"));
-    remove("block/sdb");
+    m_tree.perform("drop block/sdb");
     poll();
-    put("block/sdb", disk + "b");
+    m_tree.put("block/sdb", disk + "b");
     EXPECT_TRUE(fs::is_empty(m_folder.path("kept"))) << "a folder that takes over the name gets nothing";
     for (const char* damaged : {"", "x", "12 apples", "-4", "99999999999"}) {
         m_folder.write("kept/sequence", damaged);
