@@ -46,26 +46,6 @@ class Ini : public testing::Test
     const TempFolder folder;
 };
 
-TEST_F(Ini, ReadsTheUsualGrammar)
-{
-    folder.write("private.ini", "early=0\n; key=commented\n[ Vendor ]\r\n  \t id \t=\t 9 \t\r\n#id=8\nid=7\n"
-                                "text=a = b ; c\nempty=\nno equals sign\n[vendor]\nid=4\n"
-                                "[Vendor]\nlate=3\n[broken\nlast=2");
-    morlan_set_private_ini(folder.path("private.ini").c_str());
-    const struct {
-        const char *section, *key;
-        std::optional<std::string> value;
-    } cases[] = {
-        {"Vendor", "id", "9"},   {"vendor", "id", "4"},   {"Vendor", "text", "a = b ; c"},
-        {"Vendor", "empty", ""}, {"Vendor", "late", "3"}, {"Vendor", "last", "2"},
-        {"", "early", "0"},      {"Vendor", "early", {}}, {"Vendor", "ID", {}},
-        {"Vendor", "; key", {}}, {"Vendor", "#id", {}},   {"Vendor", "no equals sign", {}},
-        {"None", "id", {}},
-    };
-    for (const auto& read : cases)
-        EXPECT_EQ(privateValue(read.section, read.key), read.value) << read.section << ' ' << read.key;
-}
-
 TEST_F(Ini, CutsAValueToTheRoomAndLeavesTheBufferOnFailure)
 {
     folder.write("private.ini", "[A]\nkey=abcdef\n");
