@@ -111,7 +111,8 @@ TEST_F(LiveTest, ArraysMembersAndChanges)
 {
     for (const char* story : {"array-states.txt", "members.txt", "changes.txt", "twins-and-losses.txt"}) {
         expectStory(story);
-        remove("block");
+        m_tree.perform("drop block");
+        m_tree.perform("in ");
     }
 }
 
