@@ -53,7 +53,7 @@ TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
     const char* const seed = std::getenv("MVHOSTILE_SEED"); // to begin with
     const unsigned int first = seed != nullptr ? static_cast<unsigned int>(std::stoul(seed)) : 1;
     unsigned int lives = 0;
-    for (; counts[0] < (longForm() ? 10'000'000 : 10'000); lives += LIVES) {
+    for (; counts[0] < rounds(40'000, 10'000'000); lives += LIVES) {
         const Outcome outcome = fork([&](Outcome& shared) {
             Inspection inspection;
             morlan_set_debug_sink([](void*, const char*) {}, nullptr); // millions of lines for nobody
