@@ -40,4 +40,30 @@ const AlertRow* alertRow(std::uint32_t number)
     return nullptr;
 }
 
+devkit::Rows<AlertRow> alertRows()
+{
+    return ROWS;
+}
+
+Health severityOf(std::uint32_t number)
+{
+    const AlertRow* row = alertRow(number);
+    return row == nullptr ? Health::Unknown : row->severity;
+}
+
+const char* severityWord(Health severity)
+{
+    switch (severity) {
+    case Health::Good:
+        return "info";
+    case Health::Warning:
+        return "warning";
+    case Health::Critical:
+        return "critical";
+    case Health::Unknown:
+        break;
+    }
+    return "unknown";
+}
+
 } // namespace zarnekctl

@@ -2,6 +2,7 @@
 #ifndef ZARNEK_DEVKIT_ZARNEKCTL_ALERTTABLE_H
 #define ZARNEK_DEVKIT_ZARNEKCTL_ALERTTABLE_H
 
+#include "common/Rows.h"
 #include "zarnekctl/print/Health.h"
 
 #include <cstdint>
@@ -17,6 +18,11 @@ struct AlertRow {
 
 // Null for a number that the table lacks.
 const AlertRow* alertRow(std::uint32_t number);
+devkit::Rows<AlertRow> alertRows();
+// Unknown for a number that the table lacks.
+Health severityOf(std::uint32_t number);
+// "info", "warning", "critical", "unknown": stable, for JSON and metrics.
+const char* severityWord(Health severity);
 
 } // namespace zarnekctl
 

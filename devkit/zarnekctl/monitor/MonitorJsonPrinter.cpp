@@ -3,10 +3,8 @@
 #include "common/Utf8.h"
 #include "zarnekctl/monitor/AlertTable.h"
 #include "zarnekctl/print/PropertyTable.h"
+#include "zarnekctl/print/Units.h"
 #include <zarnek_ini.h>
-
-#include <cstdio>
-#include <ctime>
 
 namespace zarnekctl
 {
@@ -20,36 +18,6 @@ Json record(const char* kind)
     json["record"] = kind;
     json["format_version"] = JSON_FORMAT_VERSION;
     return json;
-}
-
-// UTC with milliseconds, such as 2024-05-01T03:12:45.120Z.
-std::string timeStamp(WallClock::time_point time)
-{
-    const auto milliseconds =
-        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
-    const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
-    std::tm parts{};
-    gmtime_r(&seconds, &parts);
-    char date[32];
-    std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &parts);
-    char text[48];
-    std::snprintf(text, sizeof text, "%s.%03dZ", date, static_cast<int>(milliseconds % 1000));
-    return text;
-}
-
-const char* severityWord(Health severity)
-{
-    switch (severity) {
-    case Health::Good:
-        return "info";
-    case Health::Warning:
-        return "warning";
-    case Health::Critical:
-        return "critical";
-    case Health::Unknown:
-        break;
-    }
-    return "unknown";
 }
 
 const char* refreshWord(RefreshKind kind)
@@ -104,7 +72,7 @@ void MonitorJsonPrinter::alert(const Alert& alert)
     json["time"] = timeStamp(alert.time);
     json["number"] = alert.number;
     json["meaning"] = row == nullptr ? Json(nullptr) : Json(row->meaning);
-    json["severity"] = severityWord(row == nullptr ? Health::Unknown : row->severity);
+    json["severity"] = severityWord(severityOf(alert.number));
     json["kind"] = jsonKind(alert.kind);
     json["name"] = alert.objectName();
     json["controller"] = alert.controller;

@@ -93,10 +93,9 @@ void MonitorTextPrinter::start(const MonitorStart& start)
 
 void MonitorTextPrinter::alert(const Alert& alert)
 {
-    const AlertRow* row = alertRow(alert.number);
-    const Health severity = row == nullptr ? Health::Unknown : row->severity;
     m_out << timeOfDay(alert.time) << "  " << alert.number << "  "
-          << m_style.coloured(devkit::padded(alert.meaning(), MEANING_WIDTH), severity) << "  ";
+          << m_style.coloured(devkit::padded(alert.meaning(), MEANING_WIDTH), severityOf(alert.number))
+          << "  ";
     if (alert.sequence)
         m_out << devkit::padded(alert.objectName(), OBJECT_WIDTH) << "  sequence " << *alert.sequence;
     else

@@ -1,5 +1,6 @@
 #include "zarnekctl/print/TablePrinter.h"
 
+#include "zarnekctl/print/Census.h"
 #include <sdo.h>
 
 namespace zarnekctl
@@ -79,11 +80,9 @@ void TablePrinter::print(const System& system, std::ostream& out) const
         for (const std::size_t child : children)
             addRow(child == children.back() ? corner : fork, system.nodes[child].object, columns);
     }
-    for (const Node& node : system.nodes) {
-        const bool placed = node.object.kind() == ObjectKind::Controller || node.parent >= 0;
-        if (!placed || node.incomplete)
+    for (const Node& node : system.nodes)
+        if (isLoose(node))
             addRow(node.incomplete ? "? " : "", node.object, columns);
-    }
     columns.print(out, m_style);
 }
 

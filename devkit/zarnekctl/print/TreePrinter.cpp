@@ -1,6 +1,7 @@
 #include "zarnekctl/print/TreePrinter.h"
 
 #include "common/text.h"
+#include "zarnekctl/print/Census.h"
 #include "zarnekctl/print/Columns.h"
 #include "zarnekctl/print/PropertyTable.h"
 #include <sdo.h>
@@ -119,14 +120,6 @@ std::vector<Columns::Cell> virtualDiskCells(const System& system, const Node& no
     return cells;
 }
 
-// Whether something came, nothing was refused, and each object arrived with all that names it.
-bool isToldWhole(const System& system)
-{
-    return !system.nodes.empty() && system.refusedCalls.empty() &&
-           std::none_of(system.nodes.begin(), system.nodes.end(),
-                        [](const Node& node) { return node.incomplete; });
-}
-
 } // namespace
 
 void TreePrinter::print(const System& system, std::ostream& out) const
@@ -180,54 +173,37 @@ void TreePrinter::printGroup(const System& system, const std::vector<std::size_t
     columns.print(out, m_style);
 }
 
-// What stands under no controller: objects that lost their parent, and those without an identity.
 void TreePrinter::printLoose(const System& system, std::ostream& out) const
 {
-    bool titled = false;
+    const char* title = "outside the tree\n";
     for (const Node& node : system.nodes) {
-        const bool placed = node.object.kind() == ObjectKind::Controller || node.parent >= 0;
-        if (placed && !node.incomplete)
+        if (!isLoose(node))
             continue;
-        if (!titled)
-            out << "outside the tree\n";
-        titled = true;
-        out << "   " << node.object.fullName();
-        if (node.incomplete)
-            out << ": arrived without an identity, with "
-                << devkit::counted(node.object.properties.size(), "value");
-        out << '\n';
+        out << title << "   " << looseText(node) << '\n';
+        title = "";
     }
 }
 
 void TreePrinter::printCensus(const System& system, std::ostream& out) const
 {
+    const Census census = censusOf(system);
     if (!system.nodes.empty())
         out << '\n';
-    out << devkit::counted(system.count(ObjectKind::Controller), "controller") << ", "
-        << devkit::counted(system.count(ObjectKind::PhysicalDisk), "disk") << ", "
-        << devkit::counted(system.count(ObjectKind::VirtualDisk), "virtual disk");
-    Columns columns;
-    bool any = false;
-    std::size_t unknown = 0;
-    for (const Node& node : system.nodes) {
-        if (node.incomplete)
-            continue;
-        const Health health = healthOf(node.object);
-        unknown += health == Health::Unknown ? 1 : 0;
-        if (health != Health::Warning && health != Health::Critical)
-            continue;
-        any = true;
-        columns.add("   ", {{node.object.fullName()},
-                            {cell(node.object, SSPROP_STATE_U32, m_style), health},
-                            {cell(node.object, SSPROP_STATUS_U32, m_style), health}});
-    }
-    if (unknown != 0)
-        out << "; " << unknown << " of unknown status";
-    if (any)
+    out << census.counts;
+    if (census.unknown != 0)
+        out << "; " << census.unknown << " of unknown status";
+    if (!census.inAttention.empty())
         out << "; need attention:";
-    else if (isToldWhole(system)) // otherwise silence says nothing
+    else if (census.toldWhole)
         out << "; none reports trouble";
     out << '\n';
+    Columns columns;
+    for (const Object* object : census.inAttention) {
+        const Health health = healthOf(*object);
+        columns.add("   ", {{object->fullName()},
+                            {cell(*object, SSPROP_STATE_U32, m_style), health},
+                            {cell(*object, SSPROP_STATUS_U32, m_style), health}});
+    }
     columns.print(out, m_style);
 }
 

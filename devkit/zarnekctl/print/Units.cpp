@@ -2,6 +2,9 @@
 
 #include <sdo.h>
 
+#include <cstdio>
+#include <ctime>
+
 namespace zarnekctl
 {
 
@@ -68,6 +71,20 @@ std::string speedText(std::uint64_t speed)
         return "no speed";
     const std::uint64_t tenths = rounded(speed * 10, GIGABIT);
     return (tenths % 10 == 0 ? std::to_string(tenths / 10) : decimalText(tenths, 1)) + " Gbit/s";
+}
+
+std::string timeStamp(std::chrono::system_clock::time_point time)
+{
+    const auto milliseconds =
+        std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
+    const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    char date[32];
+    std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &parts);
+    char text[48];
+    std::snprintf(text, sizeof text, "%s.%03dZ", date, static_cast<int>(milliseconds % 1000));
+    return text;
 }
 
 } // namespace zarnekctl

@@ -2,6 +2,7 @@
 #ifndef ZARNEK_DEVKIT_ZARNEKCTL_UNITS_H
 #define ZARNEK_DEVKIT_ZARNEKCTL_UNITS_H
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -14,6 +15,8 @@ std::string sizeText(std::uint64_t bytes);
 std::string stripeText(std::uint64_t blocks);
 // A link speed, 1024 for one Gbit/s: "1.5 Gbit/s"; "no speed" for 0.
 std::string speedText(std::uint64_t speed);
+// UTC with milliseconds: "2024-05-01T03:12:45.120Z".
+std::string timeStamp(std::chrono::system_clock::time_point time);
 
 } // namespace zarnekctl
 
