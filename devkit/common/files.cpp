@@ -80,14 +80,16 @@ int openTemporary(int folder, const std::string& target, mode_t mode, std::strin
     return descriptor;
 }
 
-bool writeLike(const struct stat* model, const Descriptor& file, const std::string& content)
+bool writeLike(const struct stat* model, std::optional<mode_t> newMode, const Descriptor& file,
+               const std::string& content)
 {
     if (model != nullptr) {
         // The owner first: changing it takes mode bits away. Nobody's rights are lent to who runs the file.
         [[maybe_unused]] const int ignored = fchown(file.number(), model->st_uid, model->st_gid);
-        if (fchmod(file.number(), model->st_mode & 0777) != 0)
-            return false;
+        newMode = model->st_mode & 0777;
     }
+    if (newMode && fchmod(file.number(), *newMode) != 0)
+        return false;
     return writeAll(file.number(), content) && fsync(file.number()) == 0;
 }
 
@@ -160,7 +162,7 @@ FileRead FilePlace::read(std::string& content) const
     return m_error != 0 ? FileRead::Failed : readAt(m_folder.number(), m_name, O_NOFOLLOW, content, MIB);
 }
 
-bool FilePlace::replace(const std::string& content) const
+bool FilePlace::replace(const std::string& content, std::optional<mode_t> newMode) const
 {
     if (m_error != 0) {
         errno = m_error;
@@ -178,7 +180,7 @@ bool FilePlace::replace(const std::string& content) const
     const Descriptor file(openTemporary(m_folder.number(), m_name, exists ? 0600 : 0644, temporary));
     if (!file.isOpen())
         return false;
-    if (!writeLike(exists ? &present : nullptr, file, content) ||
+    if (!writeLike(exists ? &present : nullptr, newMode, file, content) ||
         renameat(m_folder.number(), temporary.c_str(), m_folder.number(), m_name.c_str()) != 0) {
         const int reason = errno;
         unlinkat(m_folder.number(), temporary.c_str(), 0);
@@ -189,6 +191,15 @@ bool FilePlace::replace(const std::string& content) const
     // bring back is the old one.
     fsync(m_folder.number());
     return true;
+}
+
+bool writeOutput(const std::string& path, const std::string& content, std::optional<mode_t> newMode)
+{
+    struct stat present = {};
+    if (stat(path.c_str(), &present) != 0 || S_ISREG(present.st_mode))
+        return FilePlace(path).replace(content, newMode);
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    return file.isOpen() && writeAll(file.number(), content);
 }
 
 } // namespace devkit

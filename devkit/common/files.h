@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <fcntl.h>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <utility>
@@ -57,15 +58,21 @@ class FilePlace
     // Without a place this has failed.
     FileRead read(std::string& content) const;
     // Gives the file new content so that at any moment, a crash included, either the old or the new content
-    // is there. An existing file keeps its mode, and its owner where this process may give it; a new one
-    // others may read at most. False: nothing has changed, no trace is left, and errno tells why.
-    bool replace(const std::string& content) const;
+    // is there. An existing file keeps its mode, and its owner where this process may give it; a new one gets
+    // `newMode`, and without that others may read it at most. False: nothing has changed, no trace is left,
+    // and errno tells why.
+    bool replace(const std::string& content, std::optional<mode_t> newMode = std::nullopt) const;
 
   private:
     Descriptor m_folder;
     std::string m_name;
     int m_error = 0; // errno for why there is no place
 };
+
+// Replaces what a user names as an output in that way. What is there and no regular file, such as a pipe or a
+// device, is written to and stays what it is.
+bool writeOutput(const std::string& path, const std::string& content,
+                 std::optional<mode_t> newMode = std::nullopt);
 
 } // namespace devkit
 

@@ -6,7 +6,8 @@ cmake_minimum_required(VERSION 3.25)
 set(plugin_rooms
   src/entry src/events src/discovery src/sdo src/model src/mvlayer src/vendor src/support)
 set(devkit_rooms
-  devkit/zarnekctl/cli devkit/zarnekctl/monitor devkit/zarnekctl/print devkit/zarnekctl/host devkit/zarnekctl/config
+  devkit/zarnekctl/cli devkit/zarnekctl/report devkit/zarnekctl/monitor devkit/zarnekctl/print devkit/zarnekctl/host
+  devkit/zarnekctl/config
   devkit/mvsim/api|devkit/mvhostile devkit/mvsim/scenario|devkit/mvsim/live devkit/mvsim/model
   devkit/ral devkit/morlan|devkit/queue devkit/common)
 set(upward

@@ -130,3 +130,19 @@ TEST(Monitor, tellsOfANumberThatCouldNotBeWritten)
     EXPECT_THAT(program.finish().err,
                 HasSubstr("AlertMapping.ini: the sequence number 1 could not be written"));
 }
+
+TEST(Monitor, aFileThatCannotBeRenewedAnyMoreLetsTheRunGoOnAndIsToldInTheEnd)
+{
+    const ProgramState state;
+    const std::string folder = state.folder.path("collected");
+    std::filesystem::create_directory(folder);
+    RunningProgram program =
+        state.start(story("0.1", {"--polls", "1000000", "--metrics", folder + "/zarnek.prom"}));
+    ASSERT_TRUE(program.waitForOutput("2051")); // so it was written ahead of the first poll
+    std::filesystem::remove_all(folder);
+    ASSERT_TRUE(program.waitForOutput("2049"));
+    program.signal(SIGTERM);
+    const ProgramResult result = program.finish();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, testing::ContainsRegex("^[^\n]*older state\n[^\n]*cannot be written[^\n]*\n$"));
+}

@@ -125,7 +125,7 @@ struct OptionAdder {
     {
         std::vector<std::string> names;
         for (const FormatRow& format : formatRows())
-            if (command == Command::Discover ? format.discover : format.monitor)
+            if ((format.commands & setOf(command)) != 0)
                 names.emplace_back(format.name);
         const auto set = [&target = options, field](const std::string& name) {
             for (const FormatRow& format : formatRows())
@@ -173,7 +173,7 @@ std::vector<OptionRow> optionsOf(Command command)
     const auto rows = optionRows();
     std::vector<OptionRow> own;
     std::copy_if(rows.begin(), rows.end(), std::back_inserter(own),
-                 [command](const OptionRow& row) { return belongsTo(row, command); });
+                 [command](const OptionRow& row) { return (row.commands & setOf(command)) != 0; });
     return own;
 }
 

@@ -22,12 +22,17 @@ using OptionField = std::variant<bool Options::*, std::optional<std::string> Opt
                                  std::optional<unsigned int> Options::*, std::optional<double> Options::*,
                                  OutputFormat Options::*>;
 
+// A bit for each command.
+using CommandSet = unsigned int;
+constexpr CommandSet setOf(Command command)
+{
+    return 1U << static_cast<unsigned int>(command);
+}
+
 struct OptionRow {
     const char* name;     // with its dashes
     const char* argument; // what stands for the value in texts; null for a flag
-    bool discover;        // which commands have it
-    bool monitor;
-    bool check;
+    CommandSet commands;  // which have it
     OptionField field;
     const char* needs;    // name of the option without which it makes no sense, or null
     const char* excludes; // name of the option that it cannot stand beside, or null
@@ -39,13 +44,11 @@ constexpr unsigned int HIGHEST_FIRST_CONTROLLER = 4294967294U - 255;
 
 devkit::Rows<CommandRow> commandRows();
 devkit::Rows<OptionRow> optionRows();
-bool belongsTo(const OptionRow& row, Command command);
 
 struct FormatRow {
     const char* name;
     OutputFormat format;
-    bool discover;
-    bool monitor;
+    CommandSet commands;
 };
 
 // A command's first one is its default.

@@ -6,9 +6,12 @@
 #include "zarnekctl/print/JsonPrinter.h"
 #include "zarnekctl/print/TablePrinter.h"
 #include "zarnekctl/print/TreePrinter.h"
+#include "zarnekctl/report/MetricsPrinter.h"
+#include "zarnekctl/report/OutputFile.h"
 
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 namespace zarnekctl
 {
@@ -16,9 +19,11 @@ namespace zarnekctl
 namespace
 {
 
-std::unique_ptr<Printer> printerFor(OutputFormat format)
+std::unique_ptr<Printer> printerFor(const Options& options)
 {
-    switch (format) {
+    if (options.command == Command::Metrics)
+        return std::make_unique<MetricsPrinter>();
+    switch (options.format) {
     case OutputFormat::Table:
         return std::make_unique<TablePrinter>(standardOutputStyle());
     case OutputFormat::Json:
@@ -28,6 +33,13 @@ std::unique_ptr<Printer> printerFor(OutputFormat format)
     default:
         return std::make_unique<TreePrinter>(standardOutputStyle());
     }
+}
+
+void printToFile(const Options& options, const System& system)
+{
+    std::ostringstream content;
+    printerFor(options)->print(system, content);
+    OutputFile(*options.output, METRICS_FILE_MODE).write(content.str());
 }
 
 } // namespace
@@ -49,8 +61,10 @@ ExitStatus discoverCommand(const Options& options, const Installation& installat
     host.terminate();
 
     const System system = host.system();
-    if (!options.trace)
-        printerFor(options.format)->print(system, std::cout);
+    if (options.output)
+        printToFile(options, system);
+    else if (!options.trace)
+        printerFor(options)->print(system, std::cout);
     host.requireComplete(system);
     return ExitStatus::Done;
 }

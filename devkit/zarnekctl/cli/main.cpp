@@ -19,6 +19,7 @@ ExitStatus run(const Options& options)
     const auto installation = Installation::ofThisProgram();
     switch (options.command) {
     case Command::Discover:
+    case Command::Metrics:
         return discoverCommand(options, installation);
     case Command::Monitor:
         return monitorCommand(options, installation);

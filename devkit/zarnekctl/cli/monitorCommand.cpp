@@ -3,11 +3,15 @@
 #include "zarnekctl/config/ConfigCheck.h"
 #include "zarnekctl/host/LastWords.h"
 #include "zarnekctl/monitor/MonitorJsonPrinter.h"
+#include "zarnekctl/monitor/MonitorPrinters.h"
 #include "zarnekctl/monitor/MonitorRun.h"
 #include "zarnekctl/monitor/MonitorTextPrinter.h"
+#include "zarnekctl/report/MetricsPrinter.h"
+#include "zarnekctl/report/MonitorFile.h"
 
 #include <iostream>
 #include <memory>
+#include <vector>
 
 namespace zarnekctl
 {
@@ -15,14 +19,39 @@ namespace zarnekctl
 namespace
 {
 
-std::unique_ptr<MonitorPrinter> printerFor(const Options& options)
+// What standard output shows, and the files beside it.
+class Outputs
 {
-    if (options.trace)
-        return nullptr;
-    if (options.format == OutputFormat::Json)
-        return std::make_unique<MonitorJsonPrinter>(std::cout);
-    return std::make_unique<MonitorTextPrinter>(std::cout, standardOutputStyle());
-}
+  public:
+    explicit Outputs(const Options& options)
+    {
+        if (options.format == OutputFormat::Json)
+            m_printers.add(std::make_unique<MonitorJsonPrinter>(std::cout));
+        else if (!options.trace)
+            m_printers.add(std::make_unique<MonitorTextPrinter>(std::cout, standardOutputStyle()));
+        if (options.metrics)
+            addFile(OutputFile(*options.metrics, METRICS_FILE_MODE),
+                    [](const MonitorStory& story) { return std::make_unique<MetricsPrinter>(&story); });
+    }
+
+    MonitorPrinters& printers() { return m_printers; }
+    void requireWritten() const
+    {
+        for (const MonitorFile* file : m_files)
+            file->requireWritten();
+    }
+
+  private:
+    void addFile(const OutputFile& output, MonitorFile::Form form)
+    {
+        auto file = std::make_unique<MonitorFile>(output, std::move(form));
+        m_files.push_back(file.get());
+        m_printers.add(std::move(file));
+    }
+
+    MonitorPrinters m_printers;
+    std::vector<MonitorFile*> m_files; // among the printers
+};
 
 } // namespace
 
@@ -39,8 +68,9 @@ ExitStatus monitorCommand(const Options& options, const Installation& installati
         std::cerr << "zarnekctl: " << line << '\n';
 
     EngineHost host(options, installation, config, "disk-failure");
-    const auto printer = printerFor(options);
-    MonitorRun(host, config, options, printer.get()).run(signals);
+    Outputs outputs(options);
+    MonitorRun(host, config, options, &outputs.printers()).run(signals);
+    outputs.requireWritten();
     return ExitStatus::Done;
 }
 

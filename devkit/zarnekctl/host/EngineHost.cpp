@@ -3,7 +3,6 @@
 #include "common/text.h"
 #include "morlan/morlan_inspect.h"
 #include "ral/ral_inspect.h"
-#include "zarnekctl/config/Failure.h"
 #include "zarnekctl/config/MappingFile.h"
 #include "zarnekctl/config/PrivateIniCheck.h"
 #include <zarnek.h>
@@ -184,24 +183,32 @@ System EngineHost::system() const
     system.source = m_source;
     system.controllersFound = m_controllersFound;
     system.refusedCalls = m_refusedInDiscovery.count == 0 ? "" : describe(m_refusedInDiscovery);
+    system.complete = !shortfallOf(system);
     return system;
 }
 
 void EngineHost::requireComplete(const System& system) const
 {
+    if (const auto shortfall = shortfallOf(system))
+        throw Failure(*shortfall);
+}
+
+std::optional<Failure> EngineHost::shortfallOf(const System& system) const
+{
     const std::string shortcoming = m_vendorLibrary->shortcoming();
     if (m_controllersFound == 0 && !shortcoming.empty())
-        throw Failure(ExitStatus::PluginFailed, shortcoming + "; install a complete one", m_log.lastLines());
+        return Failure(ExitStatus::PluginFailed, shortcoming + "; install a complete one", m_log.lastLines());
     const std::size_t arrived = system.count(ObjectKind::Controller);
     if (arrived < m_controllersFound)
-        throw Failure(ExitStatus::PluginFailed,
-                      "only " + std::to_string(arrived) + " of " +
-                          devkit::counted(m_controllersFound, "controller") + " arrived in the data engine",
-                      m_log.lastLines());
+        return Failure(ExitStatus::PluginFailed,
+                       "only " + std::to_string(arrived) + " of " +
+                           devkit::counted(m_controllersFound, "controller") + " arrived in the data engine",
+                       m_log.lastLines());
     if (!system.refusedCalls.empty())
-        throw Failure(ExitStatus::PluginFailed,
-                      "the vendor library refused " + system.refusedCalls + "; what is shown is incomplete",
-                      m_refusedInDiscovery.lastLines);
+        return Failure(ExitStatus::PluginFailed,
+                       "the vendor library refused " + system.refusedCalls + "; what is shown is incomplete",
+                       m_refusedInDiscovery.lastLines);
+    return std::nullopt;
 }
 
 } // namespace zarnekctl

@@ -4,6 +4,7 @@
 #define ZARNEK_DEVKIT_ZARNEKCTL_ENGINEHOST_H
 
 #include "zarnekctl/config/ConfigFolder.h"
+#include "zarnekctl/config/Failure.h"
 #include "zarnekctl/config/Installation.h"
 #include "zarnekctl/config/Options.h"
 #include "zarnekctl/host/DebugLog.h"
@@ -38,7 +39,7 @@ class EngineHost
     void stopMonitoring();
     void terminate();
 
-    // What the data engine holds now, with source, controller count and what `discover` was refused.
+    // What the data engine holds now, with source, controller count and what the discovery lacks.
     System system() const;
     // Throws Failure (PluginFailed) when something that the vendor library has cannot be in `system`.
     void requireComplete(const System& system) const;
@@ -55,6 +56,8 @@ class EngineHost
                       const std::string& defaultScenario);
     void traceCalls();
     void send(unsigned int command, void* input = nullptr, void** output = nullptr);
+    // Why something that the vendor library has cannot be in `system`; nothing where all can.
+    std::optional<Failure> shortfallOf(const System& system) const;
 
     // Takes the libraries' sinks away again, also from a host whose construction failed.
     struct SinkRelease {

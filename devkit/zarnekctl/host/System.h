@@ -23,6 +23,7 @@ struct System {
     std::string source;                // where it came from, in words
     unsigned int controllersFound = 0; // what the plug-in reported
     std::string refusedCalls;          // of the vendor library, in words; empty when none
+    bool complete = true;              // nothing that the vendor library has is known to be missing
     std::vector<Node> nodes;           // in the order of first insertion, incomplete objects last
 
     // Indexes of the nodes of this kind below `parent` (-1: at the top), in order; incomplete ones left out.

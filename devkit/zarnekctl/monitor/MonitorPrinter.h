@@ -19,6 +19,11 @@ class MonitorPrinter
     // Objects discovered again that are as they were; called for at least one.
     virtual void unchanged(std::size_t count) = 0;
     virtual void summary(const MonitorSummary& summary) = 0;
+
+    // Whether it makes something of `state`, which costs a look at the whole data engine. That is called
+    // after the discovery, each poll and the stop.
+    virtual bool wantsStates() const { return false; }
+    virtual void state(const MonitorState&) {}
 };
 
 } // namespace zarnekctl

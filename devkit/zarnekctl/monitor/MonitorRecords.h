@@ -2,7 +2,7 @@
 #ifndef ZARNEK_DEVKIT_ZARNEKCTL_MONITORRECORDS_H
 #define ZARNEK_DEVKIT_ZARNEKCTL_MONITORRECORDS_H
 
-#include "zarnekctl/host/Object.h"
+#include "zarnekctl/host/System.h"
 
 #include <chrono>
 #include <cstddef>
@@ -61,6 +61,14 @@ struct Refresh {
     RefreshKind kind = RefreshKind::Changed;
     Object object;                       // as it is now; as it was for a deleted one
     std::vector<PropertyChange> changes; // for a changed one, in the order of the engine
+};
+
+// How things stand between two polls.
+struct MonitorState {
+    System system; // what the data engine holds now
+    unsigned int polls = 0;
+    std::size_t refusedCalls = 0; // of the vendor library, in all polls
+    bool running = true;          // more polls follow
 };
 
 struct MonitorSummary {

@@ -37,6 +37,7 @@ void MonitorRun::run(const StopSignals& signals)
     m_host.discover(m_globalNumber);
     const System system = m_host.system();
     tellStart(system);
+    tellState(0, system.count(ObjectKind::Controller) != 0);
     if (system.count(ObjectKind::Controller) == 0) {
         m_host.stopMonitoring();
         m_host.terminate();
@@ -47,6 +48,7 @@ void MonitorRun::run(const StopSignals& signals)
         poll(signals);
         m_host.terminate();
     }
+    tellState(PollClock::instance().polls(), false);
     tellEnd();
     m_host.requireComplete(system);
 }
@@ -85,12 +87,21 @@ void MonitorRun::endPoll(unsigned int seconds)
     m_journal.pollEnd();
     // Events that cannot be read would otherwise look like a quiet system.
     const Refusals refusals = m_host.takeRefusals();
+    m_refusedCalls += refusals.count;
+    const unsigned int polls = PollClock::instance().polls() + 1; // with the one that ends
     if (refusals.count != 0)
-        std::cerr << "zarnekctl: in poll " << PollClock::instance().polls() + 1 // the one that ends
-                  << " the vendor library refused " << describe(refusals) << '\n';
+        std::cerr << "zarnekctl: in poll " << polls << " the vendor library refused " << describe(refusals)
+                  << '\n';
+    tellState(polls, true);
     m_host.trace().line("sys", "sleep(" + std::to_string(seconds) + ")");
     if (!std::cout) // nobody reads it any more
         StopSignals::request();
+}
+
+void MonitorRun::tellState(unsigned int polls, bool running)
+{
+    if (m_printer != nullptr && m_printer->wantsStates())
+        m_printer->state({m_host.system(), polls, m_refusedCalls, running});
 }
 
 void MonitorRun::tellEnd()

@@ -29,12 +29,14 @@ class MonitorRun
     void tellStart(const System& system);
     void poll(const StopSignals& signals);
     void endPoll(unsigned int seconds);
+    void tellState(unsigned int polls, bool running);
     void tellEnd();
 
     EngineHost& m_host;
     const ConfigFolder& m_config;
     MonitorPrinter* m_printer;
     MonitorJournal m_journal;
+    std::size_t m_refusedCalls = 0;  // in all polls
     std::uint32_t m_initialSequence; // in the mapping file ahead of the run
     unsigned int m_globalNumber;
     double m_interval;    // seconds

@@ -2,6 +2,9 @@
 
 #include <sdo.h>
 
+#include <algorithm>
+#include <string_view>
+
 namespace zarnekctl
 {
 
@@ -67,14 +70,30 @@ constexpr Row ROWS[] = {
     {SSPROP_VDDISKCACHEPOLICY_U32, ANY, SDO_VDDISKCACHE_ON, "on"},
 };
 
+bool belongsTo(const Row& row, unsigned int property, ObjectKind kind)
+{
+    return row.property == property && (row.kind == ANY || row.kind == kind);
+}
+
 } // namespace
 
 const char* codeWord(unsigned int property, ObjectKind kind, std::uint64_t code)
 {
     for (const Row& row : ROWS)
-        if (row.property == property && row.code == code && (row.kind == ANY || row.kind == kind))
+        if (belongsTo(row, property, kind) && row.code == code)
             return row.word;
     return nullptr;
+}
+
+std::vector<const char*> codeWords(unsigned int property, ObjectKind kind)
+{
+    std::vector<const char*> words;
+    for (const Row& row : ROWS) {
+        const auto isSame = [&row](const char* word) { return std::string_view(word) == row.word; };
+        if (belongsTo(row, property, kind) && std::none_of(words.begin(), words.end(), isSame))
+            words.push_back(row.word);
+    }
+    return words;
 }
 
 } // namespace zarnekctl

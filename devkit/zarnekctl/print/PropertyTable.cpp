@@ -103,7 +103,7 @@ std::string numberText(std::uint64_t number, const Property& property, Form form
 {
     if (form == Form::Mask)
         return maskText(number);
-    if (number == NOT_KNOWN && property.type == SDO_TYPE_U32)
+    if (!isKnown(property))
         return "not known";
     switch (form) {
     case Form::Code: {
@@ -185,6 +185,12 @@ std::string describe(const Property& property, ObjectKind kind, bool asciiOnly)
     if (const auto* bytes = std::get_if<Bytes>(&property.value))
         return devkit::hex(bytes->data);
     return nestedText(*std::get<Nested>(property.value).object, asciiOnly);
+}
+
+bool isKnown(const Property& property)
+{
+    const auto* number = std::get_if<std::uint64_t>(&property.value);
+    return number == nullptr || *number != NOT_KNOWN || property.type != SDO_TYPE_U32;
 }
 
 bool hasWords(const Property& property, ObjectKind kind)

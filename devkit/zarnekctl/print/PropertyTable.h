@@ -41,6 +41,8 @@ std::string propertyLabel(unsigned int id);
 
 // The value in words and units, harmless for a terminal; `kind` is that of the object that bears it.
 std::string describe(const Property& property, ObjectKind kind, bool asciiOnly = false);
+// Whether somebody has set the value.
+bool isKnown(const Property& property);
 // Whether `describe` says more than the bare value does.
 bool hasWords(const Property& property, ObjectKind kind);
 
