@@ -10,7 +10,7 @@
 namespace zarnekctl
 {
 
-// `discover` and what else shows the outcome of a discovery: `metrics`.
+// `discover` and what else shows the outcome of a discovery: `metrics` and `report`.
 ExitStatus discoverCommand(const Options& options, const Installation& installation);
 ExitStatus monitorCommand(const Options& options, const Installation& installation);
 ExitStatus checkCommand(const Options& options, const Installation& installation);

@@ -10,14 +10,15 @@ constexpr CommandRow COMMANDS[] = {
     {Command::Discover, "discover", "discover, and show what the data engine then holds"},
     {Command::Monitor, "monitor", "discover, then show alerts and what they change"},
     {Command::Metrics, "metrics", "discover, and write what a Prometheus collector reads"},
+    {Command::Report, "report", "discover, and write a page for a browser or a printer"},
     {Command::Check, "check", "look for mistakes in private.ini and MarvelAlertMapping.ini"},
 };
 
 constexpr CommandSet DISCOVER = setOf(Command::Discover);
-constexpr CommandSet METRICS = setOf(Command::Metrics);
 constexpr CommandSet MONITOR = setOf(Command::Monitor);
 constexpr CommandSet FORMATTED = DISCOVER | MONITOR;
-constexpr CommandSet RUNS = DISCOVER | METRICS | MONITOR;
+constexpr CommandSet WRITERS = setOf(Command::Metrics) | setOf(Command::Report);
+constexpr CommandSet RUNS = DISCOVER | WRITERS | MONITOR;
 constexpr CommandSet ALL = RUNS | setOf(Command::Check);
 
 const OptionRow OPTIONS[] = {
@@ -35,10 +36,12 @@ const OptionRow OPTIONS[] = {
      "Ctrl-C"},
     {"--interval", "SECONDS", MONITOR, &Options::interval, nullptr, nullptr,
      "pause between two polls, at most 86400 (a day); 0.5 for a scenario and 50 otherwise unless given"},
-    {"--output", "FILE", METRICS, &Options::output, nullptr, nullptr,
+    {"--output", "FILE", WRITERS, &Options::output, nullptr, nullptr,
      "write to FILE, in one step, instead of standard output"},
     {"--metrics", "FILE", MONITOR, &Options::metrics, nullptr, nullptr,
      "write the metrics to FILE as well, anew after each poll"},
+    {"--report", "FILE", MONITOR, &Options::report, nullptr, nullptr,
+     "write the report, with the alerts, to FILE as well, anew after each poll"},
     {"--log", nullptr, RUNS, &Options::log, nullptr, nullptr,
      "show the plug-in's debug text on standard error as it comes"},
     {"--trace", nullptr, FORMATTED, &Options::trace, nullptr, "--format",

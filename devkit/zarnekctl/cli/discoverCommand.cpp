@@ -8,6 +8,7 @@
 #include "zarnekctl/print/TreePrinter.h"
 #include "zarnekctl/report/MetricsPrinter.h"
 #include "zarnekctl/report/OutputFile.h"
+#include "zarnekctl/report/ReportPrinter.h"
 
 #include <iostream>
 #include <memory>
@@ -23,6 +24,8 @@ std::unique_ptr<Printer> printerFor(const Options& options)
 {
     if (options.command == Command::Metrics)
         return std::make_unique<MetricsPrinter>();
+    if (options.command == Command::Report)
+        return std::make_unique<ReportPrinter>();
     switch (options.format) {
     case OutputFormat::Table:
         return std::make_unique<TablePrinter>(standardOutputStyle());
@@ -39,7 +42,9 @@ void printToFile(const Options& options, const System& system)
 {
     std::ostringstream content;
     printerFor(options)->print(system, content);
-    OutputFile(*options.output, METRICS_FILE_MODE).write(content.str());
+    const bool isMetrics = options.command == Command::Metrics;
+    OutputFile(*options.output, isMetrics ? std::optional(METRICS_FILE_MODE) : std::nullopt)
+        .write(content.str());
 }
 
 } // namespace

@@ -20,6 +20,7 @@ ExitStatus run(const Options& options)
     switch (options.command) {
     case Command::Discover:
     case Command::Metrics:
+    case Command::Report:
         return discoverCommand(options, installation);
     case Command::Monitor:
         return monitorCommand(options, installation);

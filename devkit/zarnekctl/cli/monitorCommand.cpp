@@ -8,6 +8,7 @@
 #include "zarnekctl/monitor/MonitorTextPrinter.h"
 #include "zarnekctl/report/MetricsPrinter.h"
 #include "zarnekctl/report/MonitorFile.h"
+#include "zarnekctl/report/ReportPrinter.h"
 
 #include <iostream>
 #include <memory>
@@ -32,6 +33,9 @@ class Outputs
         if (options.metrics)
             addFile(OutputFile(*options.metrics, METRICS_FILE_MODE),
                     [](const MonitorStory& story) { return std::make_unique<MetricsPrinter>(&story); });
+        if (options.report)
+            addFile(OutputFile(*options.report),
+                    [](const MonitorStory& story) { return std::make_unique<ReportPrinter>(&story); });
     }
 
     MonitorPrinters& printers() { return m_printers; }

@@ -8,7 +8,7 @@
 namespace zarnekctl
 {
 
-enum class Command { Discover, Monitor, Check, Metrics };
+enum class Command { Discover, Monitor, Check, Metrics, Report };
 
 enum class OutputFormat { Standard, Tree, Table, Json, Dot, Text }; // Standard: the command's own
 
@@ -22,7 +22,8 @@ struct Options {
     std::optional<unsigned int> polls;
     std::optional<double> interval;     // seconds
     std::optional<std::string> output;  // file instead of standard output
-    std::optional<std::string> metrics; // file that monitoring renews
+    std::optional<std::string> metrics; // files that monitoring renews
+    std::optional<std::string> report;
     std::optional<std::string> config;
     std::optional<std::string> plugin;
     bool log = false;

@@ -6,6 +6,8 @@
 #include "zarnekctl/print/Terminal.h"
 
 #include <ostream>
+#include <string>
+#include <vector>
 
 namespace zarnekctl
 {
@@ -20,6 +22,9 @@ class Printer
 
 // The value of a property in words, "-" where the object lacks it or the text is empty.
 std::string cell(const Object& object, unsigned int property, const Style& style);
+// The properties of a controller that deserve a word beside its condition, in order. A firmware of zeros
+// comes from a vendor who tells none, and is left out.
+std::vector<unsigned int> controllerFacts(const Object& controller);
 
 } // namespace zarnekctl
 

@@ -70,19 +70,12 @@ std::string linkText(const System& system, const Node& node)
     return text.empty() ? "no links" : "linked with " + text;
 }
 
-// A stripe of 0 and a firmware of zeros come from a vendor who tells none: the tree leaves them out.
+// A stripe of 0 comes from a vendor who tells none: the tree leaves it out.
 std::string stripeCell(const Object& disk, const Style& style)
 {
     return disk.number(SSPROP_STRIPEBLOCKSIZE_U32).value_or(0) == 0
                ? ""
                : "stripe " + cell(disk, SSPROP_STRIPEBLOCKSIZE_U32, style);
-}
-
-bool isWorthAWord(const Object& controller, unsigned int property)
-{
-    const bool isVersion = property == SSPROP_FWVERSION_ASTRING;
-    return controller.find(property) != nullptr &&
-           !(isVersion && controller.text(property).find_first_not_of("0.") == std::string::npos);
 }
 
 // Those that begin the line of any disk.
@@ -138,10 +131,7 @@ void TreePrinter::printController(const System& system, std::size_t index, std::
         << "  " << m_style.coloured(cell(controller, SSPROP_STATE_U32, m_style), health) << "  "
         << m_style.coloured(cell(controller, SSPROP_STATUS_U32, m_style), health);
     const char* gap = "  ";
-    for (const unsigned int id : {SSPROP_FWVERSION_ASTRING, SSPROP_SLOTID_U32, SSPROP_PORTCOUNT_U32,
-                                  SSPROP_REBUILDRATE_U32, SSPROP_ALARMSTATE_BOOL}) {
-        if (!isWorthAWord(controller, id))
-            continue;
+    for (const unsigned int id : controllerFacts(controller)) {
         const std::string label = id == SSPROP_SLOTID_U32 ? "slot" : propertyLabel(id);
         out << gap << label << ' ' << cell(controller, id, m_style);
         gap = m_style.separator();

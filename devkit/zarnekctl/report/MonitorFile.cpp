@@ -10,7 +10,7 @@ namespace zarnekctl
 
 void MonitorFile::alert(const Alert& alert)
 {
-    ++m_story.alerts[alert.number];
+    m_story.add(alert);
 }
 
 void MonitorFile::state(const MonitorState& state)
