@@ -282,19 +282,21 @@ Markup attention(const System& system, const Census& census)
                 list += attentionItem(*object);
             }
     Markup remarks;
+    const auto remark = [&remarks](const std::string& text) { remarks += element("p", "", text); };
+    const std::size_t arrived = system.count(ObjectKind::Controller);
     if (!system.refusedCalls.empty())
-        remarks += element(
-            "p", "", "The vendor library refused " + system.refusedCalls + "; this page is incomplete.");
-    else if (!system.complete)
-        remarks += element("p", "",
-                           "Of " + devkit::counted(system.controllersFound, "controller") + " only " +
-                               std::to_string(system.count(ObjectKind::Controller)) + " arrived.");
+        remark("The vendor library refused " + system.refusedCalls + "; this page is incomplete.");
+    if (arrived < system.controllersFound)
+        remark("Of " + devkit::counted(system.controllersFound, "controller") + " only " +
+               std::to_string(arrived) + " arrived.");
+    if (!system.complete && remarks.isEmpty())
+        remark("The vendor library cannot be asked for its controllers.");
     if (!list.isEmpty())
         remarks += element("ul", "", list);
     else if (worst == Health::Good)
-        remarks += element("p", "", "None reports trouble.");
+        remark("None reports trouble.");
     else
-        remarks += element("p", "", "None that was told reports trouble.");
+        remark("None that was told reports trouble.");
     const std::string title = list.isEmpty() ? "Condition" : "Needs attention";
     return element("section", std::string("attention ") + cssClass(worst),
                    element("h2", "", title) + remarks);
