@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <unistd.h>
 
@@ -98,7 +99,7 @@ Markup fact(const std::string& name, const std::string& value, const char* healt
 std::string percentOf(std::uint64_t part, std::uint64_t whole)
 {
     const double share = static_cast<double>(part) / static_cast<double>(whole);
-    return std::to_string(static_cast<int>(share * 100 + 0.5));
+    return std::to_string(std::lround(share * 100));
 }
 
 // How much of a whole is taken, with the words for it below.
