@@ -5,11 +5,19 @@ set(golden ${SOURCE}/tests/zarnekctl/golden)
 file(REMOVE_RECURSE ${WORK})
 set(ENV{XDG_STATE_HOME} ${WORK}/state)
 
-# Whoever made it, the collector may read the file, and it finds nothing else beside it.
+# Whoever made it, the collector may read the file, and it finds nothing else beside it, also when there was no room
+# for a new one.
 set(file ${WORK}/collected/zarnek.prom)
 file(MAKE_DIRECTORY ${WORK}/collected)
 execute_process(COMMAND sh -c "umask 077 && exec \"$0\" metrics --scenario extremes --output \"$1\"" ${PROGRAM} ${file}
   COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND sh -c "trap '' XFSZ && ulimit -f 0 && exec \"$0\" metrics --scenario small-server --output \"$1\""
+  ${PROGRAM} ${file} RESULT_VARIABLE status ERROR_VARIABLE said)
+file(STRINGS ${file} controllers REGEX "^zarnek_discovery_controllers")
+if(NOT status EQUAL 1 OR NOT said MATCHES "zarnek.prom: cannot be written: File too large; name a file"
+  OR NOT controllers STREQUAL "zarnek_discovery_controllers 5")
+  message(FATAL_ERROR "without room: status ${status}, ${said}; in the file: ${controllers}")
+endif()
 execute_process(COMMAND stat -c %a ${file} OUTPUT_VARIABLE mode OUTPUT_STRIP_TRAILING_WHITESPACE)
 execute_process(COMMAND ls -A ${WORK}/collected OUTPUT_VARIABLE present OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(NOT mode STREQUAL "644" OR NOT present STREQUAL "zarnek.prom")
