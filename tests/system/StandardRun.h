@@ -30,6 +30,8 @@ class StandardRun
     // One of them by itself. False when the plug-in could not be unloaded.
     bool liveUnder(IFaultPlan& plan, Outcome& outcome);
     void liveUndisturbed(Outcome& outcome);
+    // What the plug-in has said so far, in all lives of this process.
+    std::vector<std::string> log() const { return m_engine.log(); }
     void nameVendorLibrary(const std::string& name) const { m_engine.nameVendorLibrary(name); }
     // Learns from a run of its own what the second life has to leave; demands that alerts are part of it.
     void expectUndisturbed(ForkedRun& fork);
