@@ -13,7 +13,8 @@
 #include <memory>
 #include <stdexcept>
 
-#include <sys/stat.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace stg
 {
@@ -66,11 +67,15 @@ void scanLines(std::istream& file, const std::string& wantedSection, Sections se
     }
 }
 
-// To open a pipe would be to wait for its writer, and a device may never end.
-bool canBeOpened(const std::string& path)
+// To open a pipe would be to wait for its writer; it is what cannot be positioned.
+bool waitsForWriter(const std::string& path)
 {
-    struct stat status = {};
-    return stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode);
+    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool waits = lseek(file, 0, SEEK_CUR) < 0;
+    close(file);
+    return waits;
 }
 
 // Opens the file below the install path and scans it. False without an install path or file.
@@ -85,7 +90,7 @@ bool scanIniFile(const LogScope& scope, const char* noPathMessage, const std::st
     }
     const std::string path = installPath + filePath;
     std::ifstream file;
-    if (canBeOpened(path))
+    if (!waitsForWriter(path))
         file.open(path);
     if (!file.is_open()) {
         scope.message() << "Cannot open ini file. File Name: " << filePath << '\n';

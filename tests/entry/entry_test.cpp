@@ -91,10 +91,11 @@ TEST_F(EntryTest, NoCommandIsRefusedForItsPlace)
         ral_snapshot_destroy(snapshot);
         EXPECT_EQ(found, row.at("controllers").get<Numbers>());
         EXPECT_EQ(CCommandHandler::getUniqueInstance()->accessVector().size(), row.at("listed"));
+        EXPECT_THAT(log(), Contains(HasSubstr("~CMarvelSubSystemMgr() ENTRY"))
+                               .Times(row.at("destroyed").get<std::size_t>()));
         EXPECT_THAT(
-            log(), Contains(HasSubstr("~CMarvelSubSystemMgr() ENTRY")).Times(row.at("destroyed").get<int>()));
-        EXPECT_THAT(log(),
-                    Contains(HasSubstr("Event Thread got created")).Times(row.at("started").get<int>()));
+            log(),
+            Contains(HasSubstr("Event Thread got created")).Times(row.at("started").get<std::size_t>()));
     }
     EXPECT_EQ(CCommandHandler::m_gValGlobalCntrlNumber, m_first);
 }

@@ -4,7 +4,8 @@
 #include "common/SdoObject.h"
 #include "mvhostile/mvhostile_control.h"
 #include "ral/ral_inspect.h"
-#include "system/StandardRun.h"
+#include "system/AllocationFaults.h"
+#include "system/Design.h"
 
 #include <gmock/gmock.h>
 #include <sys/mman.h>
@@ -22,9 +23,17 @@ const std::map<unsigned int, std::size_t> WIDTHS{
     {SSPROP_VENDOR_ASTRING, 4},     {SSPROP_NAME_ASTRING, 255}};
 
 struct Inspection : IFaultPlan {
-    void begin(Outcome&) override {}
+    explicit Inspection(bool forLosses) : m_forLosses(forLosses) {}
+    void begin(Outcome& outcome) override
+    {
+        outcome.losses = 0;
+        if (m_forLosses)
+            m_memory.begin(outcome);
+    }
     void end() override
     {
+        if (m_forLosses)
+            m_memory.end();
         ral_snapshot* const snapshot = ral_snapshot_create();
         for (unsigned int index = 0; index < ral_snapshot_count(snapshot); ++index)
             for (const SdoProperty& property : propertiesOf(ral_snapshot_object(snapshot, index))) {
@@ -38,11 +47,30 @@ struct Inspection : IFaultPlan {
         // A virtual disk is inserted twice; a controller and a singly refreshed disk took an answer each.
         EXPECT_LE(ral_call_count("RalInsertObject"), 2 * mvhostile_entries() + mvhostile_answers());
     }
+
+  private:
+    bool m_forLosses;
+    AllocationFaults m_memory{Caller::Plugin, 0, false, true}; // fails none, and tells what is lost
 };
+
+// Demands that a life lost only what may be lost.
+void expectNoLoss(const Outcome& outcome)
+{
+    if (outcome.losses == 0)
+        return;
+    FunctionNames names;
+    const auto lost = std::min(outcome.losses, Outcome::LOST);
+    std::for_each_n(outcome.lost.begin(), lost, [&](const CallChain& chain) { names.want(chain); });
+    names.find();
+    std::for_each_n(outcome.lost.begin(), lost, [&](const CallChain& chain) {
+        EXPECT_NE(designOf(What::Loses, ANY, names.text(chain)), nullptr) << "lost:\n" << names.text(chain);
+    });
+}
 
 TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
 {
     constexpr unsigned int LIVES = 20, SECONDS = 600; // of a process; for one life
+    constexpr unsigned int SLOW = 8;                  // each such life is looked at for what it loses
     ForkedRun fork;
     StandardRun run;
     run.expectUndisturbed(fork);
@@ -55,13 +83,15 @@ TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
     unsigned int lives = 0;
     for (; counts[0] < rounds(40'000, 10'000'000); lives += LIVES) {
         const Outcome outcome = fork([&](Outcome& shared) {
-            Inspection inspection;
             morlan_set_debug_sink([](void*, const char*) {}, nullptr); // millions of lines for nobody
             run.nameVendorLibrary("libmvhostile");
-            for (shared.places = first + lives; shared.places < first + lives + LIVES; ++shared.places) {
+            // The seed, told from where nothing else strikes.
+            for (shared.strikes = first + lives; shared.strikes < first + lives + LIVES; ++shared.strikes) {
                 alarm(SECONDS);
-                mvhostile_start(shared.places, nullptr);
+                mvhostile_start(shared.strikes, nullptr);
+                Inspection inspection(shared.strikes % SLOW == 0);
                 run.liveUnder(inspection, shared);
+                expectNoLoss(shared);
                 for (const Answer& answer : shared.answers) {
                     EXPECT_EQ(answer.thrown, Thrown::Nothing);
                     StandardRun::expectOwnAnswer(answer, 255);
@@ -75,8 +105,8 @@ TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
             run.nameVendorLibrary("libmvsim");
             run.liveUndisturbed(shared);
         });
-        ASSERT_TRUE(outcome.end == RunEnd::Finished && outcome.places == first + lives + LIVES)
-            << "seed " << outcome.places << ": " << outcome.faults.data();
+        ASSERT_TRUE(outcome.end == RunEnd::Finished && outcome.strikes == first + lives + LIVES)
+            << "seed " << outcome.strikes << ": " << outcome.faults.data();
         ASSERT_STREQ(outcome.faults.data(), "");
     }
     std::cout << "figures: " << counts[0] << " answers in " << lives << " lives";
