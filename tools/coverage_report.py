@@ -6,6 +6,7 @@ are below these percentages. The copies that the objects have of an inline funct
 count as one. Branches that only an exception takes are the compiler's and do not count.
 """
 import json
+import os
 import sys
 
 
@@ -21,15 +22,18 @@ def spans(numbers):
 
 
 def main():
-    folder = sys.argv[1]
+    folder = os.path.realpath(sys.argv[1]) + '/'
     limits = [float(limit) for limit in sys.argv[2:4]]
     lines, branches, thrown = {}, {}, set()
     for document in sys.stdin:
-        for source in json.loads(document)['files']:
-            if not source['file'].startswith(folder):
+        document = json.loads(document)
+        for source in document['files']:
+            # As the compiler was told of it: from the folder that it ran in, or from the root.
+            name = os.path.realpath(os.path.join(document['current_working_directory'], source['file']))
+            if not name.startswith(folder):
                 continue
             for line in source['lines']:
-                place = (source['file'][len(folder):], line['line_number'])
+                place = (name[len(folder):], line['line_number'])
                 lines[place] = lines.get(place, 0) + line['count']
                 for number, branch in enumerate(line['branches']):
                     way = (*place, number)
