@@ -19,7 +19,7 @@ class SinkSlot
   public:
     // Puts a sink in, null for none. When this returns, the sink before it is no longer running, so that its
     // context may go. Called from within a sink of this place it waits for nobody, as two of them would wait
-    // for each other. A sink may not throw.
+    // for each other.
     void set(Function function, void* context)
     {
         std::unique_lock<std::mutex> lock(m_mutex);
@@ -38,7 +38,7 @@ class SinkSlot
         return m_function != nullptr;
     }
 
-    // Calls the sink; false when there is none.
+    // Calls the sink; false when there is none. What it throws comes through.
     template <class... Arguments>
     bool call(Arguments... arguments)
     {
@@ -49,10 +49,8 @@ class SinkSlot
             return false;
         const auto visit = m_visits.insert(m_visits.end(), {std::this_thread::get_id(), m_generation});
         lock.unlock();
+        const Leave leave{*this, visit};
         function(context, arguments...);
-        lock.lock();
-        m_visits.erase(visit);
-        m_left.notify_all();
         return true;
     }
 
@@ -60,6 +58,16 @@ class SinkSlot
     struct Visit {
         std::thread::id thread;
         unsigned long long generation; // of the sink that it runs
+    };
+    struct Leave {
+        SinkSlot& slot;
+        typename std::list<Visit>::iterator visit;
+        ~Leave()
+        {
+            const std::lock_guard<std::mutex> lock(slot.m_mutex);
+            slot.m_visits.erase(visit);
+            slot.m_left.notify_all();
+        }
     };
 
     mutable std::mutex m_mutex;
