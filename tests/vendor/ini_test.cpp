@@ -10,7 +10,6 @@
 namespace
 {
 
-using Pairs = std::map<unsigned int, unsigned int>;
 using IniTest = PluginTest;
 
 int found(const std::string& keyword, const std::string& section = "Adapter")
@@ -27,19 +26,13 @@ TEST_F(IniTest, ReadersShareTheirGrammar)
     }
     writeMapping("[x]\n\t\n[Adapter]\n7=2");
     EXPECT_THAT([] { found("7"); }, testing::ThrowsMessage<std::out_of_range>("basic_string::at"));
-    writeMapping("[Adapter]\nsequencenumber=4\n#7=3\n7=2\n[Other]\n9=4294967301\n");
+    writeMapping("[Adapter]\nsequencenumber=4\n#7=3\n7=2\n");
     EXPECT_EQ(found(" se\tquence number\r", " \tAdapter\t "), 4);
     EXPECT_EQ(found("#7"), 3);
     mkfifo((stg::getVRAXInstallPath() + "/pipe").c_str(), 0600);
     EXPECT_EQ(stg::readFromIniFileAgainstKey("/pipe", "Adapter", "7"), -1) << "nobody writes into it";
     EXPECT_EQ(messages().back(),
               "ZARNEK:stg::readFromIniFileAgainstKey(): Cannot open ini file. File Name: /pipe");
-
-    Pairs from{{7, 100}}, except;
-    EXPECT_EQ(stg::createAlertLookupTable(from, INI_ALERT_MAPPING_FILE, "Adapter", true), 0);
-    EXPECT_EQ(stg::createAlertLookupTable(except, INI_ALERT_MAPPING_FILE, "Adapter", false), 0);
-    EXPECT_EQ(from, (Pairs{{0, 4}, {7, 100}}));
-    EXPECT_EQ(except, (Pairs{{9, 4294967295U}}));
 }
 
 } // namespace
