@@ -1,5 +1,10 @@
 #include "system/AllocationFaults.h"
 
+#include "system/Design.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <mutex>
@@ -154,4 +159,17 @@ void AllocationFaults::end()
     g_watching = false;
     for (const auto& [memory, chain] : held())
         g_outcome->lost[g_outcome->losses++ % Outcome::LOST] = chain;
+}
+
+void expectNoLoss(const Outcome& outcome)
+{
+    if (outcome.losses == 0)
+        return;
+    FunctionNames names;
+    const auto lost = std::min(outcome.losses, Outcome::LOST);
+    std::for_each_n(outcome.lost.begin(), lost, [&](const CallChain& chain) { names.want(chain); });
+    names.find();
+    std::for_each_n(outcome.lost.begin(), lost, [&](const CallChain& chain) {
+        EXPECT_NE(designOf(What::Loses, ANY, names.text(chain)), nullptr) << "lost:\n" << names.text(chain);
+    });
 }

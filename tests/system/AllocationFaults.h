@@ -25,4 +25,7 @@ class AllocationFaults : public IFaultPlan
     bool m_wholeChains;
 };
 
+// Demands that a run under such a plan, with whole chains, lost only what may be lost.
+void expectNoLoss(const Outcome& outcome);
+
 #endif

@@ -5,7 +5,6 @@
 #include "mvhostile/mvhostile_control.h"
 #include "ral/ral_inspect.h"
 #include "system/AllocationFaults.h"
-#include "system/Design.h"
 
 #include <gmock/gmock.h>
 #include <sys/mman.h>
@@ -52,20 +51,6 @@ struct Inspection : IFaultPlan {
     bool m_forLosses;
     AllocationFaults m_memory{Caller::Plugin, 0, false, true}; // fails none, and tells what is lost
 };
-
-// Demands that a life lost only what may be lost.
-void expectNoLoss(const Outcome& outcome)
-{
-    if (outcome.losses == 0)
-        return;
-    FunctionNames names;
-    const auto lost = std::min(outcome.losses, Outcome::LOST);
-    std::for_each_n(outcome.lost.begin(), lost, [&](const CallChain& chain) { names.want(chain); });
-    names.find();
-    std::for_each_n(outcome.lost.begin(), lost, [&](const CallChain& chain) {
-        EXPECT_NE(designOf(What::Loses, ANY, names.text(chain)), nullptr) << "lost:\n" << names.text(chain);
-    });
-}
 
 TEST(HostileTest, NoAnswerOfTheVendorBreaksThePlugin)
 {
